@@ -1,0 +1,98 @@
+// tablegen: writes the tables of the library, or checks that they are up to date.
+
+#include <CLI/CLI.hpp>
+#include <chrono>
+#include <cstdio>
+#include <exception>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+#include "tablegen/emit/table.hpp"
+
+namespace {
+
+using co2_properties::tablegen::Difference;
+using co2_properties::tablegen::Generated;
+using co2_properties::tablegen::Table;
+
+/// Every table, in the order of `tablegen all`.
+std::vector<Table> registry() { return {}; }
+
+std::string read_file(const std::filesystem::path& path) {
+  std::ifstream stream(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+}
+
+/// Writes next to the target and renames, so that an interrupted run leaves the old table whole.
+void write_file(const std::filesystem::path& path, const std::string& text) {
+  const std::filesystem::path draft = path.string() + ".new";
+  {
+    std::ofstream stream(draft, std::ios::binary);
+    stream.exceptions(std::ios::failbit | std::ios::badbit);
+    stream << text;
+  }
+  std::filesystem::rename(draft, path);
+}
+
+/// True if the file holds this generation, or one that differs by rounding.
+bool up_to_date(const std::filesystem::path& path, const Generated& generated) {
+  const std::string present = read_file(path);
+  if (present == generated.source) {
+    std::printf("  same bytes\n");
+    return true;
+  }
+  if (present.empty()) {
+    std::printf("  %s is missing\n", path.c_str());
+    return false;
+  }
+  const Difference d = generated.difference(present);
+  const bool rounding = d.size <= d.allowed;
+  std::printf("  bytes differ; values by %.3g where rounding explains %.3g (%s): %s\n", d.size,
+              d.allowed, d.where.c_str(), rounding ? "accepted" : "NOT up to date");
+  return rounding;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) try {
+  const std::vector<Table> tables = registry();
+  std::vector<std::string> names = {"all"};
+  for (const Table& table : tables) names.push_back(table.name);
+
+  CLI::App app{
+      "Writes the tables of the library into src/, each from its tiling and its reference."};
+  std::vector<std::string> wanted;
+  bool check = false;
+  std::string report_path;
+  app.add_option("table", wanted, "Tables to make")->required()->check(CLI::IsMember(names));
+  app.add_flag("--check", check, "Write nothing; fail if a table is not what would be written");
+  app.add_option("--report", report_path, "File for the fit errors of every record");
+  CLI11_PARSE(app, argc, argv);
+
+  std::string report;
+  bool good = true;
+  for (const Table& table : tables) {
+    bool selected = false;
+    for (const std::string& name : wanted) selected |= name == "all" || name == table.name;
+    if (!selected) continue;
+    const auto start = std::chrono::steady_clock::now();
+    const Generated generated = table.generate();
+    const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
+    std::printf("%s: %.1f s; %s\n", table.name.c_str(), time.count(), generated.summary.c_str());
+    report += generated.report;
+    const std::filesystem::path path = std::filesystem::path(TABLEGEN_SOURCE_DIR) / table.output;
+    if (check) {
+      good = up_to_date(path, generated) && good;
+    } else {
+      write_file(path, generated.source);
+    }
+  }
+  if (!report_path.empty()) write_file(report_path, report);
+  return good ? 0 : 1;
+} catch (const std::exception& error) {
+  std::fprintf(stderr, "tablegen: %s\n", error.what());
+  return 2;
+}
