@@ -9,8 +9,7 @@
 /// with tau = t_crit / T and delta = rho / d_crit, from the triple point to 1100 K and 800 MPa
 /// (smooth extrapolation beyond); here with its first and second derivatives in closed form.
 ///
-/// Everything is a template on the real type: double, long double, or a class type whose sqrt,
-/// cbrt, exp, log, pow and fabs are found by argument-dependent lookup. Published decimals are long
+/// Everything is a template on the real type, double or long double. Published decimals are long
 /// double literals, so that a long double run sees them to its own precision.
 ///
 /// Units: K, kg/m3, kPa, kJ/kg, kJ/(kg K), m/s. Nothing here validates: temp > 0 and dens > 0 are
@@ -237,7 +236,7 @@ Alpha<Real> power_part(Real tau, Real delta) {
   return sum;
 }
 
-/// Terms 35 to 39. shift_tau is tau - 1, shift_delta is delta - 1.
+/// Terms 35 to 39. shift_delta is delta - 1, free of cancellation.
 template <class Real>
 Alpha<Real> gauss_part(Real tau, Real delta, Real shift_delta) {
   using std::exp;
