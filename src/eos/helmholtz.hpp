@@ -4,20 +4,10 @@
 #include <cmath>
 #include <cstdint>
 
+#include "api/helmholtz_derivatives.hpp"
 #include "eos/element.hpp"
 
 namespace co2_properties {
-
-/// Specific Helmholtz energy a (kJ/kg) at one state and its derivatives with respect to temperature
-/// (K) and density (kg/m3).
-struct HelmholtzDerivatives {
-  double a;     ///< a, kJ/kg
-  double a_t;   ///< (da/dT) at constant density
-  double a_d;   ///< (da/drho) at constant temperature
-  double a_tt;  ///< second derivative in T
-  double a_dd;  ///< second derivative in rho
-  double a_td;  ///< mixed second derivative
-};
 
 /// Evaluation of one element; `log_dens` is ln `dens`, which the caller may have at hand.
 ///
@@ -48,8 +38,9 @@ struct HelmholtzDerivatives {
   d.a_tt = f_tt[0] * log_dens +
            ((((f_tt[5] * delta + f_tt[4]) * delta + f_tt[3]) * delta + f_tt[2]) * delta + f_tt[1]);
   const double inverse = 1.0 / dens;
+  // A quotient, rounded once: at low density this term is the whole pressure.
   d.a_d =
-      f[0] * inverse + (((4.0 * f[5] * delta + 3.0 * f[4]) * delta + 2.0 * f[3]) * delta + f[2]);
+      f[0] / dens + (((4.0 * f[5] * delta + 3.0 * f[4]) * delta + 2.0 * f[3]) * delta + f[2]);
   d.a_dd = -f[0] * inverse * inverse + ((12.0 * f[5] * delta + 6.0 * f[4]) * delta + 2.0 * f[3]);
   d.a_td = f_t[0] * inverse +
            (((4.0 * f_t[5] * delta + 3.0 * f_t[4]) * delta + 2.0 * f_t[3]) * delta + f_t[2]);

@@ -1,0 +1,50 @@
+#include "saturation/sat_pressure.hpp"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "tests/support/bits.hpp"
+#include "tests/support/csv.hpp"
+#include "tests/support/tolerance.hpp"
+
+namespace co2_properties {
+namespace {
+
+using test::next_below;
+using test::not_a_number;
+
+TEST(SatTemp, PiecesStartAtTheirConstantTerms) {
+  struct Case {
+    double pres, temp;
+  };
+  const Case cases[] = {{1282.483498444739, 240.000002896017}, {2000.0, 253.6473135019189},
+                        {3000.0, 267.5978595629647},           {4000.0, 278.44970946314},
+                        {5000.0, 287.4338788231626},           {6000.0, 295.127856144321},
+                        {6500.0, 298.5925333034346},           {7000.0, 301.8324691765599}};
+  for (const Case& c : cases) EXPECT_EQ(calc_sat_temp(c.pres), c.temp) << c.pres;
+}
+
+TEST(SatTemp, PiecesJoinAndEndOnTheCriticalPoint) {
+  for (const double edge : {2000.0, 3000.0, 4000.0, 5000.0, 6000.0, 6500.0, 7000.0}) {
+    const double at = calc_sat_temp(edge);
+    EXPECT_NEAR(calc_sat_temp(next_below(edge)), at, test::tolerance::rounding * at) << edge;
+  }
+  EXPECT_NEAR(calc_sat_temp(7377.3), 304.1282, test::tolerance::rounding * 304.0);
+  EXPECT_GT(calc_sat_temp(7400.0), 304.1282) << "extrapolates, no clamp";
+  EXPECT_TRUE(std::isnan(calc_sat_temp(not_a_number)));
+}
+
+// Reference states of Span & Wagner (1996), tests/data/README.md.
+TEST(SatTemp, FollowsTheReferenceWithinItsAccuracy) {
+  auto columns = test::read_csv(TEST_DATA_DIR "/sat.csv");
+  test::WorstError worst;
+  for (std::size_t k = 0; k < columns["T"].size(); ++k) {
+    const double pres = columns["p_sat"][k];
+    worst.note(std::abs(calc_sat_temp(pres) - columns["T"][k]), pres, 0.0);
+  }
+  EXPECT_LT(worst.error, test::tolerance::sat_temp_fit) << "at " << worst.x << " kPa";
+}
+
+}  // namespace
+}  // namespace co2_properties
