@@ -39,8 +39,7 @@ namespace co2_properties {
            ((((f_tt[5] * delta + f_tt[4]) * delta + f_tt[3]) * delta + f_tt[2]) * delta + f_tt[1]);
   const double inverse = 1.0 / dens;
   // A quotient, rounded once: at low density this term is the whole pressure.
-  d.a_d =
-      f[0] / dens + (((4.0 * f[5] * delta + 3.0 * f[4]) * delta + 2.0 * f[3]) * delta + f[2]);
+  d.a_d = f[0] / dens + (((4.0 * f[5] * delta + 3.0 * f[4]) * delta + 2.0 * f[3]) * delta + f[2]);
   d.a_dd = -f[0] * inverse * inverse + ((12.0 * f[5] * delta + 6.0 * f[4]) * delta + 2.0 * f[3]);
   d.a_td = f_t[0] * inverse +
            (((4.0 * f_t[5] * delta + 3.0 * f_t[4]) * delta + 2.0 * f_t[3]) * delta + f_t[2]);

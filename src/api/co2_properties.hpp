@@ -1,0 +1,142 @@
+#pragma once
+// Thermodynamic and transport properties of carbon dioxide: the interface for C++.
+//
+// One call gives the state at one point. All procedures are pure: no memory of earlier calls, no
+// allocation, no exception, no input or output; any number of them may run at once.
+//
+// Units: temperature K, pressure kPa, density kg/m3, energies kJ/kg, entropy and heat capacities
+// kJ/(kg K), speed of sound m/s, viscosity uPa s, thermal conductivity W/(m K).
+// Range: 240 K to 1500 K and 1 kPa to 100000 kPa, gas, liquid, supercritical and two-phase.
+//
+// Equilibrium properties are local fits of the equation of state of R. Span and W. Wagner, J. Phys.
+// Chem. Ref. Data 25 (1996) 1509; accuracy: docs/accuracy.md.
+
+#include <array>
+#include <cstdint>
+
+#include "helmholtz_derivatives.hpp"
+#include "limits.hpp"
+#include "output_set.hpp"
+#include "status.hpp"
+
+namespace co2_properties {
+
+// ---- State entries -----------------------------------------------------------------------------
+//
+// Two inputs, a status and any subset of the outputs; `OutputSet` says what each of them is. An
+// output that is absent is neither computed nor written. The values do not depend on the subset
+// asked for, nor on the form of the call:
+//
+//   double p, h;
+//   std::int32_t ierr;
+//   co2_td(300.0, 50.0, ierr, {.pres = &p, .enth = &h});
+//   co2_td(300.0, 50.0, ierr, nullptr, &p);
+//
+// `ierr` is always written (see status.hpp). After an error every present output is +0.0. A range
+// test asks whether a value lies beyond its limit: the limits are accepted, and so is NaN, for
+// which nothing tests; it comes out in the outputs that depend on it. Outputs may overwrite the
+// inputs.
+
+/// State from temperature and density.
+/// \param temp_in  temperature, K, 240 to 1500
+/// \param dens_in  density, kg/m3, from 0.0035287466 up to that of 100000 kPa
+/// \param ierr     0; -101 two phases and one of cv, cp, ssnd, visc, cond is present; the errors,
+/// in
+///                 the order of the tests: 103 density below its lowest value, 102 temperature
+///                 above 1500, 101 temperature below 240, 103 pressure below 1, 104 pressure above
+///                 100000
+///
+/// Below the critical temperature a density up to that of saturated vapour is vapour, one from that
+/// of saturated liquid on is liquid, and in between two phases coexist: then `pres` is the pressure
+/// of the vapour, `inte`, `enth` and `entr` are weighted by `qual`, and cv, cp, ssnd, visc, cond
+/// and the six derivatives are zero. `qual` is the lever value, also outside [0, 1].
+///
+/// Around the critical point (302.9 K < T < 310 K, rho < 580 kg/m3, and rho > 350 for cv and ssnd,
+/// rho > 380 for cp) cv, cp and ssnd come from `calculate_cv`, `calculate_cp` and `calculate_ssnd`.
+///
+/// NaN as temperature gives NaN outputs, NaN as density NaN in those that depend on it; `ierr` is
+/// that of a two-phase state or, for NaN density from 304.1282 K on, 0.
+void co2_td(const double& temp_in, const double& dens_in, std::int32_t& ierr,
+            const OutputSet& out) noexcept;
+
+/// The same with the outputs in their fixed order.
+void co2_td(const double& temp_in, const double& dens_in, std::int32_t& ierr,
+            double* temp = nullptr, double* pres = nullptr, double* dens = nullptr,
+            double* svol = nullptr, double* qual = nullptr, double* inte = nullptr,
+            double* enth = nullptr, double* entr = nullptr, double* cv = nullptr,
+            double* cp = nullptr, double* ssnd = nullptr, double* visc = nullptr,
+            double* cond = nullptr, double* dpdd = nullptr, double* dpdt = nullptr,
+            double* dhdd = nullptr, double* dhdt = nullptr, double* dsdd = nullptr,
+            double* dsdt = nullptr) noexcept;
+
+// ---- Constants, messages, outputs --------------------------------------------------------------
+
+/// Reference constants and limits; each present argument receives its value.
+/// \param tcrit    critical temperature, 304.1282 K
+/// \param dcrit    critical density, 467.6 kg/m3
+/// \param pcrit    critical pressure, 7377.3 kPa
+/// \param tmin     lowest temperature accepted, 240 K
+/// \param tmax     highest temperature accepted, 1500 K
+/// \param pmin     lowest pressure accepted, 1 kPa
+/// \param pmax     highest pressure accepted, 100000 kPa
+/// \param tsatmin  lowest temperature of the saturation line, 240 K
+/// \param psatmin  saturation pressure there, 1282.4835 kPa
+void co2_info(double* tcrit = nullptr, double* dcrit = nullptr, double* pcrit = nullptr,
+              double* tmin = nullptr, double* tmax = nullptr, double* pmin = nullptr,
+              double* pmax = nullptr, double* tsatmin = nullptr,
+              double* psatmin = nullptr) noexcept;
+
+/// Text of a status code, padded with blanks; not terminated by a zero.
+/// \param ierr  any value; a code without a text of its own (0, 306 and -402 among them) gives that
+///              of an unknown error
+[[nodiscard]] std::array<char, 255> co2_error_message(const std::int32_t& ierr) noexcept;
+
+/// Sets every present output to +0.0.
+void zero_outputs(const OutputSet& out) noexcept;
+void zero_outputs(double* temp = nullptr, double* pres = nullptr, double* dens = nullptr,
+                  double* svol = nullptr, double* qual = nullptr, double* inte = nullptr,
+                  double* enth = nullptr, double* entr = nullptr, double* cv = nullptr,
+                  double* cp = nullptr, double* ssnd = nullptr, double* visc = nullptr,
+                  double* cond = nullptr, double* dpdd = nullptr, double* dpdt = nullptr,
+                  double* dhdd = nullptr, double* dhdt = nullptr, double* dsdd = nullptr,
+                  double* dsdt = nullptr) noexcept;
+
+// ---- The parts of which the entries are made ---------------------------------------------------
+//
+// For hosts that need one quantity and know their phase. None of them tests its arguments or can
+// fail: outside its range a fit extrapolates, and NaN in gives NaN out.
+
+/// Density of the saturated liquid or vapour, kg/m3, at a temperature of 240 K to 304.1282 K.
+[[nodiscard]] double calc_sat_liq_dens(const double& temp) noexcept;
+[[nodiscard]] double calc_sat_vap_dens(const double& temp) noexcept;
+
+/// Saturation temperature, K, at a pressure of 1282.4835 kPa to 7377.3 kPa.
+[[nodiscard]] double calc_sat_temp(const double& pres) noexcept;
+
+/// Saturation pressure, kPa, at a temperature of 240 K to 304.1282 K.
+[[nodiscard]] double calc_sat_pres(const double& temp) noexcept;
+
+/// Element, 1..649, that holds a state given by temperature and density, for each region: vapour
+/// and liquid below the critical temperature, supercritical from it on. Always an element of the
+/// region; states outside it, NaN included, are sent to one of its outer elements.
+[[nodiscard]] std::int32_t vap_index_from_td(const double& temp, const double& dens) noexcept;
+[[nodiscard]] std::int32_t liq_index_from_td(const double& temp, const double& dens) noexcept;
+[[nodiscard]] std::int32_t sc_index_from_td(const double& temp, const double& dens) noexcept;
+
+/// Helmholtz energy and its derivatives from element `e`.
+/// \param e     1..649, not tested: one of the indices above
+/// \param temp  temperature, K
+/// \param dens  density, kg/m3, above 0
+[[nodiscard]] HelmholtzDerivatives element_derivatives(const std::int32_t& e, const double& temp,
+                                                       const double& dens) noexcept;
+
+/// Viscosity, uPa s, and thermal conductivity, W/(m K), of a single-phase state.
+void calculate_visc(const double& dens, const double& temp, double& visc) noexcept;
+void calculate_cond(const double& dens, const double& temp, double& cond) noexcept;
+
+/// Heat capacities, kJ/(kg K), and speed of sound, m/s, near the critical point.
+void calculate_cp(const double& dens, const double& temp, double& cp) noexcept;
+void calculate_cv(const double& dens, const double& temp, double& cv) noexcept;
+void calculate_ssnd(const double& dens, const double& temp, double& ssnd) noexcept;
+
+}  // namespace co2_properties

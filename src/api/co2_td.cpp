@@ -1,0 +1,80 @@
+#include <cmath>
+
+#include "api/co2_properties.hpp"
+#include "api/state_writer.hpp"
+#include "eos/helmholtz.hpp"
+#include "eos/properties.hpp"
+
+namespace co2_properties {
+namespace {
+
+enum class Phase { vapour, liquid, two_phase };
+
+/// Phase below the critical temperature. The densities of saturation are evaluated only where the
+/// decision needs them: the vapour is never denser than 467.61 kg/m3 and, above 301 K, the two lie
+/// between 286.14 and 658.70 kg/m3.
+Phase decide_phase(const double temp, const double dens, SaturatedDensities& sat) noexcept {
+  if (temp > 301.0) {
+    if (dens < 286.0) return Phase::vapour;
+    if (dens > 659.0) return Phase::liquid;
+  }
+  if (!(dens > 468.0)) {
+    sat.vap = calc_sat_vap_dens(temp);
+    if (dens <= sat.vap) return Phase::vapour;
+  }
+  sat.liq = calc_sat_liq_dens(temp);
+  if (dens >= sat.liq) return Phase::liquid;
+  if (sat.vap < 0.0) sat.vap = calc_sat_vap_dens(temp);
+  return Phase::two_phase;
+}
+
+}  // namespace
+
+void co2_td(const double& temp_in, const double& dens_in, std::int32_t& ierr,
+            const OutputSet& out) noexcept {
+  const double temp = temp_in;  // copies: an output may lie where an input does
+  const double dens = dens_in;
+  ierr = status::success;
+  const double log_dens = std::log(dens);
+  if (dens < dens_min) return fail(status::td_pres_below_min, ierr, out);
+
+  SaturatedDensities sat;
+  std::int32_t e = 0;
+  if (temp >= t_crit) {
+    if (temp > temp_max) return fail(status::td_temp_above_max, ierr, out);
+    e = sc_index_from_td(temp, dens);
+  } else {
+    if (temp < temp_min) return fail(status::td_temp_below_min, ierr, out);
+    switch (decide_phase(temp, dens, sat)) {
+      case Phase::vapour:
+        e = vap_index_from_td(temp, dens);
+        break;
+      case Phase::liquid:
+        e = liq_index_from_td(temp, dens);
+        break;
+      case Phase::two_phase:
+        write_two_phase(temp, dens, lever_quality(dens, sat.liq, sat.vap),
+                        saturated_liquid(temp, sat.liq), saturated_vapour(temp, sat.vap), out);
+        if (wants_cv_cp_ssnd(out) || wants_transport(out)) ierr = status::td_two_phase;
+        return;
+    }
+  }
+
+  const HelmholtzDerivatives d = evaluate(element(e), temp, dens, log_dens);
+  const double pres = pressure(d, dens);
+  if (pres < pres_min) return fail(status::td_pres_below_min, ierr, out);
+  if (pres > pres_max) return fail(status::td_pres_above_max, ierr, out);
+  write_single_phase(d, temp, dens, pres, sat, out);
+}
+
+void co2_td(const double& temp_in, const double& dens_in, std::int32_t& ierr, double* temp,
+            double* pres, double* dens, double* svol, double* qual, double* inte, double* enth,
+            double* entr, double* cv, double* cp, double* ssnd, double* visc, double* cond,
+            double* dpdd, double* dpdt, double* dhdd, double* dhdt, double* dsdd,
+            double* dsdt) noexcept {
+  co2_td(temp_in, dens_in, ierr,
+         OutputSet{temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, ssnd, visc, cond, dpdd,
+                   dpdt, dhdd, dhdt, dsdd, dsdt});
+}
+
+}  // namespace co2_properties

@@ -1,0 +1,111 @@
+#include "api/state_writer.hpp"
+
+#include "api/co2_properties.hpp"
+#include "eos/properties.hpp"
+
+namespace co2_properties {
+namespace {
+
+/// Whether a fit around the critical point serves the state; each has its own lowest density.
+bool near_critical(const double temp, const double dens, const double dens_low) noexcept {
+  return dens > dens_low && dens < 580.0 && temp > 302.9 && temp < 310.0;
+}
+
+double cv_of(const HelmholtzDerivatives& d, const double temp, const double dens) noexcept {
+  if (!near_critical(temp, dens, 350.0)) return isochoric_heat_capacity(d, temp);
+  double cv;
+  calculate_cv(dens, temp, cv);
+  return cv;
+}
+
+double cp_of(const HelmholtzDerivatives& d, const double temp, const double dens) noexcept {
+  if (!near_critical(temp, dens, 380.0)) return isobaric_heat_capacity(d, temp, dens);
+  double cp;
+  calculate_cp(dens, temp, cp);
+  return cp;
+}
+
+double ssnd_of(const HelmholtzDerivatives& d, const double temp, const double dens) noexcept {
+  if (!near_critical(temp, dens, 350.0)) return speed_of_sound(d, dens);
+  double ssnd;
+  calculate_ssnd(dens, temp, ssnd);
+  return ssnd;
+}
+
+/// `qual` of a single phase: the lever value or, where there is no saturation, a mark.
+double single_phase_quality(const double temp, const double dens, const double mark_pres,
+                            const SaturatedDensities& sat) noexcept {
+  constexpr double below_crit_pres = 998.0;
+  constexpr double above_crit_pres = 999.0;
+  if (temp < t_crit) {
+    const double dens_liq = sat.liq < 0.0 ? calc_sat_liq_dens(temp) : sat.liq;
+    const double dens_vap = sat.vap < 0.0 ? calc_sat_vap_dens(temp) : sat.vap;
+    return lever_quality(dens, dens_liq, dens_vap);
+  }
+  return mark_pres < p_crit ? below_crit_pres : above_crit_pres;
+}
+
+double mix(const double liq, const double vap, const double qual) noexcept {
+  return (vap - liq) * qual + liq;
+}
+
+}  // namespace
+
+void fail(const std::int32_t code, std::int32_t& ierr, const OutputSet& out) noexcept {
+  ierr = code;
+  zero_outputs(out);
+}
+
+void write_single_phase(const HelmholtzDerivatives& d, const double temp, const double dens,
+                        const double mark_pres, const SaturatedDensities& sat,
+                        const OutputSet& out) noexcept {
+  if (out.temp != nullptr) *out.temp = temp;
+  if (out.pres != nullptr) *out.pres = pressure(d, dens);
+  if (out.dens != nullptr) *out.dens = dens;
+  if (out.svol != nullptr) *out.svol = 1.0 / dens;
+  if (out.qual != nullptr) *out.qual = single_phase_quality(temp, dens, mark_pres, sat);
+  if (out.inte != nullptr) *out.inte = internal_energy(d, temp);
+  if (out.enth != nullptr) *out.enth = enthalpy(d, temp, dens);
+  if (out.entr != nullptr) *out.entr = entropy(d);
+  if (out.cv != nullptr) *out.cv = cv_of(d, temp, dens);
+  if (out.cp != nullptr) *out.cp = cp_of(d, temp, dens);
+  if (out.ssnd != nullptr) *out.ssnd = ssnd_of(d, temp, dens);
+  if (out.visc != nullptr) calculate_visc(dens, temp, *out.visc);
+  if (out.cond != nullptr) calculate_cond(dens, temp, *out.cond);
+  if (out.dpdd != nullptr) *out.dpdd = dpdd(d, dens);
+  if (out.dpdt != nullptr) *out.dpdt = dpdt(d, dens);
+  if (out.dhdd != nullptr) *out.dhdd = dhdd(d, temp, dens);
+  if (out.dhdt != nullptr) *out.dhdt = dhdt(d, temp, dens);
+  if (out.dsdd != nullptr) *out.dsdd = dsdd(d);
+  if (out.dsdt != nullptr) *out.dsdt = dsdt(d);
+}
+
+SaturatedPhase saturated_liquid(const double temp, const double dens) noexcept {
+  const std::int32_t e = liq_index_from_td(temp, dens);
+  return {e, dens, element_derivatives(e, temp, dens)};
+}
+
+SaturatedPhase saturated_vapour(const double temp, const double dens) noexcept {
+  const std::int32_t e = vap_index_from_td(temp, dens);
+  return {e, dens, element_derivatives(e, temp, dens)};
+}
+
+void write_two_phase(const double temp, const double dens, const double qual,
+                     const SaturatedPhase& liq, const SaturatedPhase& vap,
+                     const OutputSet& out) noexcept {
+  zero_outputs(out);
+  if (out.temp != nullptr) *out.temp = temp;
+  if (out.pres != nullptr) *out.pres = pressure(vap.d, vap.dens);
+  if (out.dens != nullptr) *out.dens = dens;
+  if (out.svol != nullptr) *out.svol = 1.0 / dens;
+  if (out.qual != nullptr) *out.qual = qual;
+  if (out.inte != nullptr) {
+    *out.inte = mix(internal_energy(liq.d, temp), internal_energy(vap.d, temp), qual);
+  }
+  if (out.enth != nullptr) {
+    *out.enth = mix(enthalpy(liq.d, temp, liq.dens), enthalpy(vap.d, temp, vap.dens), qual);
+  }
+  if (out.entr != nullptr) *out.entr = mix(entropy(liq.d), entropy(vap.d), qual);
+}
+
+}  // namespace co2_properties

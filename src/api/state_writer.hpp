@@ -1,0 +1,63 @@
+#pragma once
+// How a state leaves the library: the only code that writes outputs.
+
+#include <cstdint>
+
+#include "api/helmholtz_derivatives.hpp"
+#include "api/output_set.hpp"
+
+namespace co2_properties {
+
+/// Reports an error: the code, and every present output +0.0.
+void fail(std::int32_t code, std::int32_t& ierr, const OutputSet& out) noexcept;
+
+/// Vapour mass fraction by the lever rule; not clipped, exactly 1 at `dens_vap`, 0 at `dens_liq`.
+[[nodiscard]] inline double lever_quality(const double dens, const double dens_liq,
+                                          const double dens_vap) noexcept {
+  return (dens_liq - dens) * dens_vap / ((dens_liq - dens_vap) * dens);
+}
+
+/// Saturated densities at one temperature, kg/m3, as far as they have been evaluated.
+struct SaturatedDensities {
+  static constexpr double unknown = -100.0;
+  double liq = unknown;
+  double vap = unknown;
+};
+
+/// Writes a single-phase state.
+/// \param d          derivatives of its element at `temp`, K, and `dens`, kg/m3
+/// \param mark_pres  pressure, kPa, that sets the mark in `qual` from the critical temperature on
+/// \param sat        saturated densities at `temp`; `qual` evaluates those that are unknown
+///
+/// Around the critical point, where elements resolve second derivatives worst, the heat capacities
+/// and the speed of sound come from their own fits.
+void write_single_phase(const HelmholtzDerivatives& d, double temp, double dens, double mark_pres,
+                        const SaturatedDensities& sat, const OutputSet& out) noexcept;
+
+/// One end of the tie line at a temperature.
+struct SaturatedPhase {
+  std::int32_t element;
+  double dens;  ///< kg/m3
+  HelmholtzDerivatives d;
+};
+
+/// \param dens  saturated density of the phase at `temp`, K
+[[nodiscard]] SaturatedPhase saturated_liquid(double temp, double dens) noexcept;
+[[nodiscard]] SaturatedPhase saturated_vapour(double temp, double dens) noexcept;
+
+/// Writes a mixture of saturated liquid and vapour: the pressure of the vapour, energies and
+/// entropy weighted by `qual`, and +0.0 for everything that has no value in two phases. \param dens
+/// density of the mixture, kg/m3 \param qual  mass fraction of the vapour
+void write_two_phase(double temp, double dens, double qual, const SaturatedPhase& liq,
+                     const SaturatedPhase& vap, const OutputSet& out) noexcept;
+
+/// Whether an output is present that only a single phase has, transport properties aside.
+[[nodiscard]] inline bool wants_cv_cp_ssnd(const OutputSet& out) noexcept {
+  return out.cv != nullptr || out.cp != nullptr || out.ssnd != nullptr;
+}
+
+[[nodiscard]] inline bool wants_transport(const OutputSet& out) noexcept {
+  return out.visc != nullptr || out.cond != nullptr;
+}
+
+}  // namespace co2_properties
