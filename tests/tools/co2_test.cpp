@@ -1,0 +1,295 @@
+// The command line, run as its users run it: through the shell, from the root of the project.
+
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdint>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <sstream>
+#include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "api/co2_properties.hpp"
+
+namespace co2_properties {
+namespace {
+
+struct Outcome {
+  int status = -1;
+  std::string out;
+  std::string err;
+};
+
+/// A folder of its own for each test, since tests may run at once.
+class Co2 : public testing::Test {
+ protected:
+  Co2() {
+    std::string name = std::filesystem::temp_directory_path() / "co2_test_XXXXXX";
+    if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
+    folder_ = name;
+  }
+  ~Co2() override { std::filesystem::remove_all(folder_); }
+
+  [[nodiscard]] std::string path(const std::string& name) const { return folder_ / name; }
+  void write(const std::string& name, const std::string& text) const {
+    std::ofstream(path(name), std::ios::binary) << text;
+  }
+  [[nodiscard]] std::string read(const std::string& name) const {
+    std::ifstream file(path(name), std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+  }
+
+  /// Runs a shell command that finds `co2` on its path.
+  [[nodiscard]] Outcome shell(const std::string& command, const std::string& input = "") const {
+    write("stdin", input);
+    const std::string line =
+        "cd '" PROJECT_DIR "' && PATH=\"$(dirname '" CO2_PROGRAM "'):$PATH\" && { " + command +
+        "; } <'" + path("stdin") + "' >'" + path("stdout") + "' 2>'" + path("stderr") + "'";
+    const int status = std::system(line.c_str());
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, read("stdout"), read("stderr")};
+  }
+
+ private:
+  std::filesystem::path folder_;
+};
+
+std::vector<std::string> split(const std::string& text, const char separator) {
+  std::vector<std::string> parts;
+  std::string part;
+  for (std::istringstream stream(text); std::getline(stream, part, separator);) {
+    parts.push_back(part);
+  }
+  return parts;
+}
+
+TEST_F(Co2, EachNameStandsBesideTheValueOfItsOutput) {
+  const char* const names[] = {"temp", "pres", "dens", "svol", "qual", "inte", "enth",
+                               "entr", "cv",   "cp",   "ssnd", "visc", "cond", "dpdd",
+                               "dpdt", "dhdd", "dhdt", "dsdd", "dsdt"};
+  std::array<double, 19> v{};
+  auto& [temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, ssnd, visc, cond, dpdd, dpdt, dhdd,
+         dhdt, dsdd, dsdt] = v;
+  std::int32_t ierr = 0;
+  co2_td(310.0, 600.0, ierr, &temp, &pres, &dens, &svol, &qual, &inte, &enth, &entr, &cv, &cp,
+         &ssnd, &visc, &cond, &dpdd, &dpdt, &dhdd, &dhdt, &dsdd, &dsdt);
+  ASSERT_EQ(ierr, 0);
+
+  const Outcome screen = shell("co2 td 310 600 --digits 17");
+  EXPECT_EQ(screen.status, 0);
+  const std::vector<std::string> lines = split(screen.out, '\n');
+  ASSERT_EQ(lines.size(), v.size());
+  const Outcome file = shell("co2 td --csv -", "temp,dens\n310,600\n");
+  EXPECT_EQ(file.status, 0);
+  const std::vector<std::string> rows = split(file.out, '\n');
+  ASSERT_EQ(rows.size(), 2U);
+  const std::vector<std::string> header = split(rows[0], ',');
+  const std::vector<std::string> fields = split(rows[1], ',');
+  ASSERT_EQ(header.size(), v.size() + 1);
+  for (std::size_t i = 0; i < v.size(); ++i) {
+    SCOPED_TRACE(names[i]);
+    std::istringstream line(lines[i]);
+    std::string name;
+    std::string value;
+    line >> name >> value;
+    EXPECT_EQ(name, names[i]);
+    EXPECT_EQ(std::stod(value), v[i]);
+    const auto column = std::find(header.begin(), header.end(), names[i]) - header.begin();
+    EXPECT_EQ(std::stod(fields.at(static_cast<std::size_t>(column))), v[i]);
+  }
+}
+
+TEST_F(Co2, ExitStatusAndMessageTellWhatWentWrong) {
+  write("no_density.csv", "temp,rho\n310,600\n");
+  write("twice.csv", "temp,dens,temp\n310,600,310\n");
+  write("comments.csv", "# nothing else\n\n");
+  write("states.csv", "temp,dens\n310,600\n");
+  write("long_line.csv", "temp,dens\n" + std::string(3000000, '1') + "\n");
+  struct Case {
+    const char* why;
+    std::string arguments;
+    int status;
+    const char* message;
+  };
+  const std::vector<Case> cases = {
+      {"solved", "td 310 600", 0, ""},
+      {"chosen columns before the inputs", "td -c pres,enth 310 600", 0, ""},
+      {"two phases without heat capacities", "td 280 300 -c pres,qual", 0, ""},
+      {"two phases, all outputs", "td 280 300", 0,
+       "warning -101: CO2_TD: at least one property (CV, CP, or speed of sound) was requested that "
+       "is not available for a two-phase fluid\n"},
+      {"too cold", "td 239 600", 2,
+       "error 101: CO2_TD: specified temperature below minimum value of 240 K\n"},
+      {"negative temperature is no option", "td -5 600", 2, "error 101"},
+      {"unit behind the number", "td 310K 600", 1, "temp is not a number: '310K'"},
+      {"NaN", "td 310 nan", 1, "dens is not a number: 'nan'"},
+      {"one input", "td 310", 1, "needs temp and dens"},
+      {"state and file", "td 310 600 --csv x.csv", 1, "excludes"},
+      {"unknown column", "td 310 600 -c volume", 1, "volume"},
+      {"unknown pair", "xy 310 600", 1, ""},
+      {"no such file", "td --csv missing.csv", 1, "cannot open missing.csv"},
+      {"input column missing", "td --csv " + path("no_density.csv"), 1, "no column 'dens'"},
+      {"input column twice", "td --csv " + path("twice.csv"), 1, "'temp' twice"},
+      {"no header", "td --csv " + path("comments.csv"), 1, "no header line"},
+      {"unbounded line", "td --csv " + path("long_line.csv"), 1, "line of more than"},
+      {"output folder missing", "td --csv " + path("states.csv") + " -o missing/x", 1,
+       "cannot open missing/x"},
+      {"input as output", "td --csv " + path("states.csv") + " -o " + path("states.csv"), 1,
+       "would overwrite the input"},
+      {"device full", "td 310 600 >/dev/full", 1, "cannot write"},
+      {"device full, file", "td --csv " + path("states.csv") + " >/dev/full", 1, "cannot write"},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.why);
+    const Outcome outcome = shell("co2 " + c.arguments);
+    EXPECT_EQ(outcome.status, c.status) << outcome.err;
+    EXPECT_NE(outcome.err.find(c.message), std::string::npos) << outcome.err;
+    EXPECT_EQ(outcome.err.empty(), c.status == 0 && *c.message == '\0') << outcome.err;
+  }
+  EXPECT_EQ(read("states.csv"), "temp,dens\n310,600\n");
+}
+
+// The specific volume of these densities is exact, so that no fit enters the expected texts.
+TEST_F(Co2, RowsAreConvertedOneByOne) {
+  struct Case {
+    const char* why;
+    const char* options;
+    const char* input;
+    int status;
+    const char* out;
+    const char* err;
+  };
+  const std::vector<Case> cases = {
+      {"no final line end", "-c svol", "temp,dens\n400,500\n400,250", 0,
+       "temp,dens,svol,ierr\n400,500,0.002,0\n400,250,0.004,0\n",
+       "standard input: 2 rows, 2 solved, 0 rejected, 0 unreadable\n"},
+      {"CRLF, mark, comments, quotes, plus sign", "-c svol",
+       "\xEF\xBB\xBF# a comment\r\n\r\n\"dens\", temp\r\n500,\" 400\"\r\n "
+       "\t\r\n#5,\r\n250,+4e2\r\n",
+       0, "\"dens\", temp,svol,ierr\n500,\" 400\",0.002,0\n250,+4e2,0.004,0\n",
+       "standard input: 2 rows, 2 solved, 0 rejected, 0 unreadable\n"},
+      {"other columns stay, results replace their namesakes", "-c svol,temp,pres",
+       "pres,name,dens,ierr,temp\n1,\"a, \"\"b\"\"\",500,7,100\n", 2,
+       "name,dens,temp,svol,pres,ierr\n\"a, \"\"b\"\"\",500,100,,,101\n",
+       "standard input:2: error 101: CO2_TD: specified temperature below minimum value of 240 K\n"
+       "standard input: 1 row, 0 solved, 1 rejected, 0 unreadable\n"},
+      {"bad rows are reported and the run goes on", "-c svol",
+       "temp,dens\n400\n400,500,1\n400,\nx,1e999\n\n9999,500\n400,500\n", 2,
+       "temp,dens,svol,ierr\n400,,,\n400,500,,\n400,,,\nx,1e999,,\n9999,500,,102\n400,500,0.002,"
+       "0\n",
+       "standard input:2: the number of fields is 1, in the header 2\n"
+       "standard input:3: the number of fields is 3, in the header 2\n"
+       "standard input:4: dens is not a number: ''\n"
+       "standard input:5: temp is not a number: 'x'\n"
+       "standard input:5: dens is not a number: '1e999'\n"
+       "standard input:7: error 102: CO2_TD: specified temperature above maximum value of 1500 K\n"
+       "standard input: 6 rows, 1 solved, 1 rejected, 4 unreadable\n"},
+      {"warnings are counted", "-c svol,cp", "temp,dens\n280,250\n280,500\n", 0,
+       "temp,dens,svol,cp,ierr\n280,250,0.004,0,-101\n280,500,0.002,0,-101\n",
+       "standard input:2: warning -101 (2 rows in all): CO2_TD: at least one property (CV, CP, or "
+       "speed of sound) was requested that is not available for a two-phase fluid\n"
+       "standard input: 2 rows, 2 solved, 0 rejected, 0 unreadable\n"},
+      {"digits: shortest exact", "-c svol", "temp,dens\n400,300\n", 0,
+       "temp,dens,svol,ierr\n400,300,0.0033333333333333335,0\n",
+       "standard input: 1 row, 1 solved, 0 rejected, 0 unreadable\n"},
+      {"digits: some", "-c svol -d 3", "temp,dens\n400,300\n", 0,
+       "temp,dens,svol,ierr\n400,300,0.00333,0\n",
+       "standard input: 1 row, 1 solved, 0 rejected, 0 unreadable\n"},
+      {"header alone", "-c svol", "temp,dens", 0, "temp,dens,svol,ierr\n",
+       "standard input: 0 rows, 0 solved, 0 rejected, 0 unreadable\n"},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.why);
+    const Outcome outcome = shell(std::string("co2 td --csv - ") + c.options, c.input);
+    EXPECT_EQ(outcome.status, c.status);
+    EXPECT_EQ(outcome.out, c.out);
+    EXPECT_EQ(outcome.err, c.err);
+  }
+}
+
+// Enough rows for several blocks and threads; the line numbers of bad rows cross their borders.
+TEST_F(Co2, ResultsDoNotDependOnHowTheFileIsCut) {
+  std::ostringstream text;
+  text << "dens,temp\n";
+  for (int i = 0; i < 60000; ++i) {
+    if (i % 10000 == 9999) text << "bad\n";
+    text << 0.01 * (i + 100) << ',' << 240 + i % 1000 << (i % 7 == 0 ? "\r\n" : "\n");
+  }
+  write("states.csv", text.str());
+  const std::string run = "co2 td -c svol,pres --csv ";
+  const Outcome one = shell(run + path("states.csv") + " -j 1");
+  EXPECT_EQ(one.status, 2);
+  EXPECT_EQ(split(one.out, '\n').size(), 60007U);
+  EXPECT_NE(one.err.find("states.csv:60006: the number of fields is 1"), std::string::npos)
+      << one.err;
+  for (const char* const way : {"3", "7"}) {
+    const Outcome many = shell(run + path("states.csv") + " -j " + way);
+    EXPECT_TRUE(many.out == one.out) << way << " threads";
+    EXPECT_EQ(split(many.err, ';')[0], split(one.err, ';')[0]);
+  }
+  const Outcome piped =
+      shell("cat " + path("states.csv") + " | " + run + "- -j 2 -o " + path("out"));
+  EXPECT_EQ(piped.out, "");
+  EXPECT_TRUE(read("out") == one.out) << "through a pipe";
+}
+
+TEST_F(Co2, CycleStatesHaveTheirDesignPressure) {
+  const Outcome outcome = shell("co2 td --csv examples/data/brayton_states.csv -c pres");
+  EXPECT_EQ(outcome.status, 0) << outcome.err;
+  const std::vector<std::string> rows = split(outcome.out, '\n');
+  ASSERT_EQ(rows.size(), 9U);
+  ASSERT_EQ(rows[0], "point,place,design_pres,temp,dens,pres,ierr");
+  for (std::size_t i = 1; i < rows.size(); ++i) {
+    SCOPED_TRACE(rows[i]);
+    const std::vector<std::string> fields = split(rows[i], ',');
+    const double design = std::stod(fields.at(2));
+    // The densities are given to seven digits; the rest is the fit.
+    EXPECT_NEAR(std::stod(fields.at(5)), design, 1e-5 * design);
+  }
+}
+
+TEST_F(Co2, InfoListsTheConstants) {
+  const Outcome outcome = shell("co2 info");
+  EXPECT_EQ(outcome.status, 0);
+  std::istringstream lines(outcome.out);
+  const std::vector<std::pair<std::string, double>> expected = {
+      {"tcrit", 304.1282}, {"dcrit", 467.6},   {"pcrit", 7377.3},
+      {"tmin", 240.0},     {"tmax", 1500.0},   {"pmin", 1.0},
+      {"pmax", 100000.0},  {"tsatmin", 240.0}, {"psatmin", 1282.4835}};
+  for (const auto& [name, value] : expected) {
+    std::string printed_name;
+    std::string rest;
+    double printed = 0.0;
+    lines >> printed_name >> printed;
+    std::getline(lines, rest);
+    EXPECT_EQ(printed_name, name);
+    EXPECT_EQ(printed, value);
+  }
+}
+
+TEST_F(Co2, ExamplesOfTheHelpRun) {
+  int examples = 0;
+  for (const char* const help : {"co2 --help", "co2 td --help"}) {
+    const std::string text = shell(help).out;
+    const std::size_t start = text.find("Examples:\n");
+    ASSERT_NE(start, std::string::npos);
+    for (const std::string& line : split(text.substr(start), '\n')) {
+      if (line.find("  co2 ") != 0 && line.find("| co2 ") == std::string::npos) continue;
+      const Outcome outcome = shell(line);
+      EXPECT_EQ(outcome.status, 0) << line << '\n' << outcome.err;
+      EXPECT_FALSE(outcome.out.empty());
+      ++examples;
+    }
+  }
+  EXPECT_EQ(examples, 5);
+}
+
+}  // namespace
+}  // namespace co2_properties

@@ -1,0 +1,87 @@
+#pragma once
+// From lines of inputs to lines of properties.
+
+#include <fmt/format.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "co2/input_pair.hpp"
+
+namespace co2_properties::tool {
+
+/// What the columns of a file hold and which columns are written.
+///
+/// Every column of the file is written as it stands, in its place, except a column that bears the
+/// name of a result (and is not one of the two inputs) or `ierr`: that one is left out, because
+/// the new value follows. After them come the wanted results other than the inputs, then `ierr`.
+struct ColumnPlan {
+  /// \param header  the header line of the file
+  /// \param wanted  indices of properties
+  /// Throws std::runtime_error if the header lacks an input or names one twice.
+  ColumnPlan(std::string_view header, const InputPair& pair, std::span<const std::size_t> wanted);
+
+  std::size_t field_count;           ///< fields of the header
+  std::size_t first = 0;             ///< field of the first input
+  std::size_t second = 0;            ///< field of the second input
+  std::vector<std::size_t> kept;     ///< fields that are written
+  std::vector<std::size_t> results;  ///< properties that are written after them
+  std::string header;                ///< the header line of the result
+};
+
+/// Counts over the rows of a file.
+struct Tally {
+  struct Warning {
+    std::uint64_t count = 0;
+    std::uint64_t first_line = 0;
+  };
+
+  std::uint64_t rows = 0;
+  std::uint64_t rejected = 0;                ///< rows for which the library reports an error
+  std::uint64_t unreadable = 0;              ///< rows that are not numbers in the right places
+  std::map<std::int32_t, Warning> warnings;  ///< by code
+
+  /// Adds the counts of later rows.
+  Tally& operator+=(const Tally& later);
+};
+
+/// Converts lines of one file. Converters do not share anything that changes: each thread has one.
+class Converter {
+ public:
+  /// \param plan       must outlive the converter
+  /// \param file_name  name of the file in reports
+  /// \param digits     significant digits of results; 0: as many as tell the number from all others
+  Converter(const ColumnPlan& plan, const InputPair& pair, std::string file_name, int digits);
+
+  /// Converts whole lines, of which the first has the number `line`. Each row gives one row; a bad
+  /// one, with empty results, also gives a line of `reports()`. Replaces what the last call made.
+  void convert(std::string_view lines, std::uint64_t line);
+
+  [[nodiscard]] const fmt::memory_buffer& rows() const noexcept { return rows_; }
+  [[nodiscard]] const fmt::memory_buffer& reports() const noexcept { return reports_; }
+  [[nodiscard]] const Tally& tally() const noexcept { return tally_; }
+
+ private:
+  void convert_row(std::string_view row, std::uint64_t line);
+  bool read_inputs(std::uint64_t line, double& first, double& second);
+  void write_kept();
+  void write_results(const State& state);
+  void write_no_results();
+
+  const ColumnPlan* plan_;
+  const InputPair* pair_;
+  std::string file_name_;
+  int digits_;
+  StateSolver solve_;
+  std::vector<std::string_view> fields_;
+  fmt::memory_buffer rows_;
+  fmt::memory_buffer reports_;
+  Tally tally_;
+};
+
+}  // namespace co2_properties::tool
