@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "tablegen/emit/table.hpp"
+#include "tablegen/fit/element_table.hpp"
 
 namespace {
 
@@ -19,7 +20,7 @@ using co2_properties::tablegen::Generated;
 using co2_properties::tablegen::Table;
 
 /// Every table, in the order of `tablegen all`.
-std::vector<Table> registry() { return {}; }
+std::vector<Table> registry() { return {co2_properties::tablegen::elements_table()}; }
 
 std::string read_file(const std::filesystem::path& path) {
   std::ifstream stream(path, std::ios::binary);

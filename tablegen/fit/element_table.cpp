@@ -1,0 +1,252 @@
+#include "tablegen/fit/element_table.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <fstream>
+#include <iterator>
+#include <numeric>
+#include <thread>
+
+#include "eos/helmholtz.hpp"
+#include "eos/properties.hpp"
+#include "tablegen/emit/number.hpp"
+#include "tablegen/emit/source.hpp"
+
+namespace co2_properties::tablegen {
+namespace {
+
+constexpr const char* tiling_file = "tablegen/tilings/elements.txt";
+/// Part of the input digest: raise it when the fit changes without the tiling.
+constexpr const char* fit_version = "elements 1";
+
+/// Runs work(0) .. work(count - 1) on all cores; each call writes only results of its own.
+template <class Work>
+void for_each_index(const std::size_t count, const Work& work) {
+  const std::size_t workers = std::max(1U, std::thread::hardware_concurrency());
+  std::vector<std::jthread> threads;
+  for (std::size_t w = 0; w < workers; ++w) {
+    threads.emplace_back([&, w] {
+      for (std::size_t k = w; k < count; k += workers) work(k);
+    });
+  }
+}
+
+/// Elements that share pieces of one density edge, and the temperatures from end to end.
+struct SharedEdge {
+  Region region;
+  double dens;
+  double temp_lo, temp_hi;
+  std::vector<std::size_t> below, above;
+};
+
+/// Groups the elements on both sides of every density edge so that each group can share one
+/// polynomial: two elements belong together if they touch.
+std::vector<SharedEdge> shared_edges(const std::vector<ElementCell>& cells) {
+  std::vector<SharedEdge> edges;
+  const auto touch = [&](const std::size_t a, const std::size_t b) {
+    return cells[a].region == cells[b].region && cells[a].dens_hi == cells[b].dens_lo &&
+           std::min(cells[a].temp_hi, cells[b].temp_hi) >
+               std::max(cells[a].temp_lo, cells[b].temp_lo);
+  };
+  std::vector<char> below_done(cells.size(), 0);
+  std::vector<char> above_done(cells.size(), 0);
+  for (std::size_t start = 0; start < cells.size(); ++start) {
+    if (below_done[start] != 0) continue;
+    SharedEdge edge{cells[start].region, cells[start].dens_hi, 0.0, 0.0, {start}, {}};
+    below_done[start] = 1;
+    // Alternate between the sides until no more elements join.
+    for (std::size_t b = 0, a = 0; b < edge.below.size() || a < edge.above.size();) {
+      if (b < edge.below.size()) {
+        for (std::size_t k = 0; k < cells.size(); ++k) {
+          if (above_done[k] == 0 && touch(edge.below[b], k)) {
+            above_done[k] = 1;
+            edge.above.push_back(k);
+          }
+        }
+        ++b;
+      } else {
+        for (std::size_t k = 0; k < cells.size(); ++k) {
+          if (below_done[k] == 0 && touch(k, edge.above[a])) {
+            below_done[k] = 1;
+            edge.below.push_back(k);
+          }
+        }
+        ++a;
+      }
+    }
+    if (edge.above.empty()) continue;
+    edge.temp_lo = cells[start].temp_lo;
+    edge.temp_hi = cells[start].temp_hi;
+    for (const auto* side : {&edge.below, &edge.above}) {
+      for (const std::size_t k : *side) {
+        edge.temp_lo = std::min(edge.temp_lo, cells[k].temp_lo);
+        edge.temp_hi = std::max(edge.temp_hi, cells[k].temp_hi);
+      }
+    }
+    edges.push_back(edge);
+  }
+  return edges;
+}
+
+std::string format(const char* pattern, const auto... values) {
+  char buffer[400];
+  std::snprintf(buffer, sizeof buffer, pattern, values...);
+  return buffer;
+}
+
+/// Lists the largest error of each property and the element it belongs to.
+std::string worst_errors(const std::vector<ElementResult>& results) {
+  std::string text = "Worst fit errors:";
+  for (std::size_t m = 0; m < property_error_names.size(); ++m) {
+    std::size_t worst = 0;
+    for (std::size_t k = 0; k < results.size(); ++k) {
+      if (results[k].stored.errors.value[m] > results[worst].stored.errors.value[m]) worst = k;
+    }
+    text += format("%s %s %.1e (element %zu)", m == 0 ? "" : ",", property_error_names[m],
+                   results[worst].stored.errors.value[m], worst + 1);
+  }
+  return text + ".";
+}
+
+double ratio(const ElementResult& r) {
+  return r.unconstrained.residual > 0.0 ? r.stored.residual / r.unconstrained.residual : 1.0;
+}
+
+std::string report(const std::vector<ElementResult>& results) {
+  std::string text =
+      "elements: residual (weighted rms) stored and unconstrained, largest errors of density at "
+      "given (T, p), h, s, cv, cp, w\n";
+  const auto line = [&](const std::size_t k) {
+    const auto& [cell, stored, best] = results[k];
+    text += format("%4zu  %9.4f..%9.4f K %8.2f..%8.2f kg/m3  %.2e %.2e  ratio %.2f ", k + 1,
+                   cell.temp_lo, cell.temp_hi, cell.dens_lo, cell.dens_hi, stored.residual,
+                   best.residual, ratio(results[k]));
+    for (const double e : stored.errors.value) text += format(" %.1e", e);
+    text += "\n";
+  };
+  for (std::size_t k = 0; k < results.size(); ++k) line(k);
+  std::vector<std::size_t> order(results.size());
+  std::iota(order.begin(), order.end(), 0);
+  std::stable_sort(order.begin(), order.end(),
+                   [&](auto a, auto b) { return ratio(results[a]) > ratio(results[b]); });
+  text += "worst ratios\n";
+  for (std::size_t k = 0; k < 10; ++k) line(order[k]);
+  return text;
+}
+
+std::string record(const std::size_t index, const ElementResult& result) {
+  const Element& e = result.stored.element;
+  std::string text = format("  // %zu: density %.0e, h %.0e kJ/kg, cp %.0e\n", index,
+                            result.stored.errors.value[0], result.stored.errors.value[1],
+                            result.stored.errors.value[4]);
+  text += "  {" + decimal_literal(e.dens0) + ", " + decimal_literal(e.temp0) + ", " +
+          decimal_literal(e.dens_width) + ", " + decimal_literal(e.temp_width) + ", {\n";
+  for (const auto& row : e.coef) {
+    text += "    {";
+    for (const double& c : row) text += hex_literal(c) + (&c == &row[5] ? "},\n" : ", ");
+  }
+  return text + "  }},\n";
+}
+
+std::string map_source(const std::vector<ElementCell>& cells, const Region region,
+                       const std::string& name) {
+  return "\nnamespace {\n\n" + grid_arrays(name, element_grid(cells, region)) +
+         "\n}  // namespace\n\nconstexpr CellMap " + name +
+         "_map = " + grid_initialiser(name, element_grid(cells, region)) + ";\n";
+}
+
+/// Largest difference of pressure (relative to rho dp/drho) and entropy between two generations.
+Difference compare(const std::vector<ElementResult>& results, const std::string_view other) {
+  constexpr std::size_t numbers = sizeof(Element) / sizeof(double);
+  constexpr int samples = 5;
+  Difference d{0.0, 1e-9, "relative density at given (T, p)"};
+  const std::vector<double> values = numbers_in(other);
+  if (values.size() < numbers * results.size()) {
+    return {std::numeric_limits<double>::infinity(), d.allowed, "a text of another shape"};
+  }
+  for (std::size_t k = 0; k < results.size(); ++k) {
+    const Element& mine = results[k].stored.element;
+    Element theirs{};
+    const double* v = values.data() + numbers * k;
+    theirs = {v[0], v[1], v[2], v[3], {}};
+    for (std::size_t i = 0; i < 36; ++i) theirs.coef[i / 6][i % 6] = v[4 + i];
+    for (int i = 0; i <= samples; ++i) {
+      for (int j = 0; j <= samples; ++j) {
+        const double temp = mine.temp0 + mine.temp_width * i / samples;
+        const double dens = mine.dens0 + mine.dens_width * j / samples;
+        const HelmholtzDerivatives a = evaluate(mine, temp, dens, std::log(dens));
+        const HelmholtzDerivatives b = evaluate(theirs, temp, dens, std::log(dens));
+        const double p = pressure(a, dens);
+        const double size =
+            std::abs(pressure(b, dens) - p) / std::max(std::abs(dens * dpdd(a, dens)), std::abs(p));
+        if (!(size <= d.size)) {
+          d.size = size;
+          d.where = format("element %zu, relative density at given (T, p)", k + 1);
+        }
+      }
+    }
+  }
+  return d;
+}
+
+Generated generate() {
+  std::ifstream stream(std::string(TABLEGEN_TILINGS_DIR) + "/elements.txt");
+  const std::string tiling{std::istreambuf_iterator<char>(stream), {}};
+  const std::vector<ElementCell> cells = parse_element_tiling(tiling);
+  const std::vector<ElementResult> results = fit_elements(cells);
+
+  Provenance provenance;
+  provenance.table = "elements";
+  provenance.content = {
+      "649 elements of a(T, rho), kJ/kg, T in K, rho in kg/m3; record and functions:",
+      "src/eos/element.hpp. After them the maps that find an element: src/eos/locate_td.hpp."};
+  provenance.fitted_to = "Span & Wagner, J. Phys. Chem. Ref. Data 25 (1996) 1509.";
+  provenance.tiling = tiling_file;
+  provenance.digest = input_digest({tiling, fit_version});
+  provenance.errors = {
+      worst_errors(results),
+      "Each record names the worst error of density at given (T, p), of h and cp."};
+
+  Generated g;
+  g.source = header_comment(provenance);
+  g.source += "\n#include \"eos/element.hpp\"\n#include \"eos/locate_td.hpp\"\n\n";
+  g.source += "namespace co2_properties {\n\nconstexpr Element elements[element_count] = {\n";
+  for (std::size_t k = 0; k < results.size(); ++k) g.source += record(k + 1, results[k]);
+  g.source += "};\n";
+  g.source += map_source(cells, Region::vapour, "vapour");
+  g.source += map_source(cells, Region::liquid, "liquid");
+  g.source += map_source(cells, Region::supercritical, "supercritical");
+  g.source += "\n}  // namespace co2_properties\n";
+  g.report = report(results);
+  g.summary = worst_errors(results);
+  g.difference = [results](const std::string_view other) { return compare(results, other); };
+  return g;
+}
+
+}  // namespace
+
+std::vector<ElementResult> fit_elements(const std::vector<ElementCell>& cells) {
+  const std::vector<SharedEdge> edges = shared_edges(cells);
+  std::vector<std::optional<EdgePolynomial>> lower(cells.size());
+  std::vector<std::optional<EdgePolynomial>> upper(cells.size());
+  std::vector<EdgePolynomial> polynomials(edges.size());
+  for_each_index(edges.size(), [&](const std::size_t k) {
+    polynomials[k] = fit_edge(edges[k].region, edges[k].dens, edges[k].temp_lo, edges[k].temp_hi);
+  });
+  for (std::size_t k = 0; k < edges.size(); ++k) {
+    for (const std::size_t e : edges[k].below) upper[e] = polynomials[k];
+    for (const std::size_t e : edges[k].above) lower[e] = polynomials[k];
+  }
+  std::vector<ElementResult> results(cells.size());
+  for_each_index(cells.size(), [&](const std::size_t k) {
+    const ElementFitter fitter(cells[k]);
+    results[k] = {cells[k], fitter.solve(lower[k], upper[k]),
+                  fitter.solve(std::nullopt, std::nullopt)};
+  });
+  return results;
+}
+
+Table elements_table() { return {"elements", "eos/tables/elements.cpp", generate}; }
+
+}  // namespace co2_properties::tablegen
