@@ -240,6 +240,17 @@ TEST_F(Co2, ResultsDoNotDependOnHowTheFileIsCut) {
   EXPECT_TRUE(read("out") == one.out) << "through a pipe";
 }
 
+TEST_F(Co2, BadRowsDoNotFloodTheScreen) {
+  std::string text = "temp,dens\n";
+  for (int i = 0; i < 250; ++i) text += "?,1\n";
+  const Outcome outcome = shell("co2 td -c svol --csv -", text);
+  const std::vector<std::string> reports = split(outcome.err, '\n');
+  ASSERT_EQ(reports.size(), 102U);
+  EXPECT_EQ(reports[99], "standard input:101: temp is not a number: '?'");
+  EXPECT_EQ(reports[101], "standard input: 250 rows, 0 solved, 0 rejected, 250 unreadable");
+  EXPECT_EQ(split(outcome.out, '\n').size(), 251U);
+}
+
 TEST_F(Co2, CycleStatesHaveTheirDesignPressure) {
   const Outcome outcome = shell("co2 td --csv examples/data/brayton_states.csv -c pres");
   EXPECT_EQ(outcome.status, 0) << outcome.err;

@@ -99,6 +99,11 @@ void Converter::convert(std::string_view lines, std::uint64_t line) {
   }
 }
 
+void Converter::report(const std::uint64_t line, const std::string_view text) {
+  if (reports_.size() == most_reports) return;
+  reports_.push_back(fmt::format("{}:{}: {}\n", file_name_, line, text));
+}
+
 void Converter::convert_row(const std::string_view row, const std::uint64_t line) {
   ++tally_.rows;
   split_fields(row, fields_);
@@ -116,8 +121,7 @@ void Converter::convert_row(const std::string_view row, const std::uint64_t line
   if (state.ierr > 0) {
     ++tally_.rejected;
     write_no_results();
-    fmt::format_to(std::back_inserter(reports_), "{}:{}: error {}: {}\n", file_name_, line,
-                   state.ierr, message(state.ierr));
+    report(line, fmt::format("error {}: {}", state.ierr, message(state.ierr)));
   } else {
     write_results(state);
   }
@@ -130,19 +134,15 @@ void Converter::convert_row(const std::string_view row, const std::uint64_t line
 
 bool Converter::read_inputs(const std::uint64_t line, double& first, double& second) {
   if (fields_.size() != plan_->field_count) {
-    fmt::format_to(std::back_inserter(reports_),
-                   "{}:{}: the number of fields is {}, in the header {}\n", file_name_, line,
-                   fields_.size(), plan_->field_count);
+    report(line, fmt::format("the number of fields is {}, in the header {}", fields_.size(),
+                             plan_->field_count));
     return false;
   }
   const auto read = [&](const std::size_t field, const Property& property, double& value) {
     const std::string_view text = field_text(fields_[field]);
     const std::optional<double> number = parse_number(text);
     value = number.value_or(0.0);
-    if (!number) {
-      fmt::format_to(std::back_inserter(reports_), "{}:{}: {} is not a number: '{}'\n", file_name_,
-                     line, property.name, text);
-    }
+    if (!number) report(line, fmt::format("{} is not a number: '{}'", property.name, text));
     return number.has_value();
   };
   const bool first_is_good = read(plan_->first, pair_->first, first);

@@ -53,20 +53,25 @@ struct Tally {
 /// Converts lines of one file. Converters do not share anything that changes: each thread has one.
 class Converter {
  public:
+  /// A file full of bad rows shall not bury its first ones; the column `ierr` has them all.
+  static constexpr std::size_t most_reports = 100;
+
   /// \param plan       must outlive the converter
   /// \param file_name  name of the file in reports
   /// \param digits     significant digits of results; 0: as many as tell the number from all others
   Converter(const ColumnPlan& plan, const InputPair& pair, std::string file_name, int digits);
 
   /// Converts whole lines, of which the first has the number `line`. Each row gives one row; a bad
-  /// one, with empty results, also gives a line of `reports()`. Replaces what the last call made.
+  /// one, with empty results, also gives a line of `reports()`, of which there are at most
+  /// `most_reports`. Replaces what the last call made.
   void convert(std::string_view lines, std::uint64_t line);
 
   [[nodiscard]] const fmt::memory_buffer& rows() const noexcept { return rows_; }
-  [[nodiscard]] const fmt::memory_buffer& reports() const noexcept { return reports_; }
+  [[nodiscard]] const std::vector<std::string>& reports() const noexcept { return reports_; }
   [[nodiscard]] const Tally& tally() const noexcept { return tally_; }
 
  private:
+  void report(std::uint64_t line, std::string_view text);
   void convert_row(std::string_view row, std::uint64_t line);
   bool read_inputs(std::uint64_t line, double& first, double& second);
   void write_kept();
@@ -80,7 +85,7 @@ class Converter {
   StateSolver solve_;
   std::vector<std::string_view> fields_;
   fmt::memory_buffer rows_;
-  fmt::memory_buffer reports_;
+  std::vector<std::string> reports_;
   Tally tally_;
 };
 

@@ -90,6 +90,23 @@ void check_not_same_file(const CsvJob& job) {
   }
 }
 
+/// Prints the reports of a run as long as there are not too many.
+class FirstReports {
+ public:
+  void print(const std::vector<std::string>& reports) {
+    for (const std::string& report : reports) {
+      if (printed_ == Converter::most_reports) return;
+      std::fputs(report.c_str(), stderr);
+      if (++printed_ == Converter::most_reports) {
+        fmt::print(stderr, "Further bad rows are only counted.\n");
+      }
+    }
+  }
+
+ private:
+  std::size_t printed_ = 0;
+};
+
 void print_summary(const Tally& tally, const std::string& name, const double seconds) {
   for (const auto& [code, warning] : tally.warnings) {
     fmt::print(stderr, "{}:{}: warning {} ({} row{} in all): {}\n", name, warning.first_line, code,
@@ -161,14 +178,14 @@ bool run_csv(const InputPair& pair, const CsvJob& job) {
   output.write(plan.header);
   Workers workers(plan, pair, name, job);
   Tally tally;
+  FirstReports reports;
   // What follows the header in its block may be nothing, if a pipe gave the header alone.
   for (bool more = true; more; lines = reader.next(), more = !lines.empty()) {
     for (const auto& converter : workers.convert(lines, line + 1)) {
       output.write(view(converter->rows()));
       tally += converter->tally();
-      if (converter->reports().size() == 0) continue;
-      progress.clear();
-      std::fwrite(converter->reports().data(), 1, converter->reports().size(), stderr);
+      if (!converter->reports().empty()) progress.clear();
+      reports.print(converter->reports());
     }
     line += static_cast<std::uint64_t>(std::count(lines.begin(), lines.end(), '\n'));
     progress.update(reader.position(), tally.rows);

@@ -54,7 +54,7 @@ constexpr const char* file_help = R"(Files:
   and 'ierr', the status of the library (0 solved, negative warning, positive error). A
   column of the file that has the name of one of these is left out, except the two inputs.
   A bad row keeps its columns but has no properties and, if unreadable, no ierr; it is
-  reported with its line number on standard error, and the run goes on.
+  reported with its line number on standard error (the first 100), and the run goes on.
 )";
 
 [[nodiscard]] std::string program_help() {
