@@ -18,7 +18,7 @@ Phase decide_phase(const double temp, const double dens, SaturatedDensities& sat
     if (dens < 286.0) return Phase::vapour;
     if (dens > 659.0) return Phase::liquid;
   }
-  if (!(dens > 468.0)) {
+  if (dens <= 468.0) {
     sat.vap = calc_sat_vap_dens(temp);
     if (dens <= sat.vap) return Phase::vapour;
   }
