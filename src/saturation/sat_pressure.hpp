@@ -16,7 +16,7 @@ namespace co2_properties {
 /// \param temp  temperature, K; meant for 240 to 304.1282, outside both fits extrapolate. NaN in
 ///              gives NaN out; there is no failure.
 /// \return pressure, kPa. It agrees with the inverse of `calc_sat_temp` to the accuracy of the two
-/// fits.
+/// fits. Accuracy as above, relative: 3e-7, worst near 301.8 K.
 [[nodiscard]] double calc_sat_pres(const double& temp) noexcept;
 
 }  // namespace co2_properties

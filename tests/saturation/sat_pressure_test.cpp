@@ -36,14 +36,18 @@ TEST(SatTemp, PiecesJoinAndEndOnTheCriticalPoint) {
 }
 
 // Reference states of Span & Wagner (1996), tests/data/README.md.
-TEST(SatTemp, FollowsTheReferenceWithinItsAccuracy) {
+TEST(SatPressure, BothDirectionsFollowTheReference) {
   auto columns = test::read_csv(TEST_DATA_DIR "/sat.csv");
-  test::WorstError worst;
+  test::WorstError worst_temp, worst_pres;
   for (std::size_t k = 0; k < columns["T"].size(); ++k) {
+    const double temp = columns["T"][k];
     const double pres = columns["p_sat"][k];
-    worst.note(std::abs(calc_sat_temp(pres) - columns["T"][k]), pres, 0.0);
+    worst_temp.note(std::abs(calc_sat_temp(pres) - temp), pres, 0.0);
+    worst_pres.note(std::abs(calc_sat_pres(temp) / pres - 1.0), temp, 0.0);
   }
-  EXPECT_LT(worst.error, test::tolerance::sat_temp_fit) << "at " << worst.x << " kPa";
+  EXPECT_LT(worst_temp.error, test::tolerance::sat_temp_fit) << "at " << worst_temp.x << " kPa";
+  EXPECT_LT(worst_pres.error, test::tolerance::sat_pres_fit) << "at " << worst_pres.x << " K";
+  EXPECT_TRUE(std::isnan(calc_sat_pres(not_a_number)));
 }
 
 }  // namespace
