@@ -220,7 +220,7 @@ TEST_F(Co2, ResultsDoNotDependOnHowTheFileIsCut) {
   text << "dens,temp\n";
   for (int i = 0; i < 60000; ++i) {
     if (i % 10000 == 9999) text << "bad\n";
-    text << 0.01 * (i + 100) << ',' << 240 + i % 1000 << (i % 7 == 0 ? "\r\n" : "\n");
+    text << 0.5 + 0.0001 * i << ',' << 400 + i % 1000 << (i % 7 == 0 ? "\r\n" : "\n");
   }
   write("states.csv", text.str());
   const std::string run = "co2 td -c svol,pres --csv ";
