@@ -5,6 +5,7 @@
 
 #include "eos/helmholtz.hpp"
 #include "eos/properties.hpp"
+#include "saturation/sat_density.hpp"
 #include "tablegen/reference/span_wagner.hpp"
 
 namespace co2_properties::tablegen {
@@ -12,7 +13,7 @@ namespace {
 
 /// Errors that weigh the same in the sum of squares.
 constexpr Real dens_scale = 2e-7L;  // relative, at given temperature and pressure
-constexpr Real pres_scale = 5e-9L;  // relative; takes over where the isotherm is flat
+constexpr Real pres_scale = 5e-8L;  // relative; takes over where the isotherm is flat
 constexpr Real enth_scale = 1e-4L;  // kJ/kg
 constexpr Real entr_scale = 3e-7L;  // kJ/(kg K)
 constexpr Real cv_scale = 5e-5L;    // relative
@@ -25,7 +26,7 @@ constexpr Real critical_share = 0.01L;
 /// Weight of the part of a rectangle that no stable state reaches, below saturation or beyond the
 /// highest pressure: enough to keep the polynomial near the continued equation of state, where
 /// Newton iterates may pass, too little to be felt in the stable part.
-constexpr Real unreachable_weight = 1e-3L;
+constexpr Real unreachable_weight = 1e-4L;
 /// Rounding of the double evaluation, relative to the pressure, that weighs one unit: limits the
 /// coefficients of ln rho, which cancel against the polynomial in narrow elements.
 constexpr Real rounding_scale = 1e-13L;
@@ -33,6 +34,10 @@ constexpr Real rounding_scale = 1e-13L;
 /// How far beyond the saturated densities of the reference the full weight goes, as a fraction of
 /// the way to the critical density: the library decides with saturated densities of its own.
 constexpr Real saturation_margin = 0.02L;
+
+/// dp/drho at the critical point, kPa m3/kg. The reference has -6e-10 there and the free fit -5e-8;
+/// a larger slope bends the isotherm back a little further out. This one keeps it monotone.
+constexpr Real critical_slope = 6e-8L;
 
 constexpr FitLimits whole_domain = {240.0, 1500.0, 0.0, 1300.0};
 
@@ -82,6 +87,22 @@ std::array<Form, 6> error_forms(const StatePoint& at, const reference::Helmholtz
   return forms;
 }
 
+Real value_of(const Form& form, const Form& derivatives) {
+  Real sum = 0.0L;
+  for (std::size_t m = 0; m < form.size(); ++m) sum += form[m] * derivatives[m];
+  return sum;
+}
+
+/// True unless the library takes the state for two-phase; states closer to saturation than the
+/// margin count as single phase.
+bool single_phase(const StatePoint& at) {
+  constexpr double margin = 0.02;
+  const auto temp = static_cast<double>(at.temp);
+  const auto dens = static_cast<double>(at.dens);
+  return temp >= reference::t_crit || dens < calc_sat_vap_dens(temp) + margin ||
+         dens > calc_sat_liq_dens(temp) - margin;
+}
+
 bool reachable(const Reach& reach, const StatePoint& at) {
   for (const DensityRange& range : reach.densities(at.temp)) {
     if (at.dens >= range.lo && at.dens <= range.hi) return true;
@@ -93,6 +114,22 @@ bool reachable(const Reach& reach, const StatePoint& at) {
 bool at_critical_point(const StatePoint& at) {
   return std::abs(at.temp - static_cast<Real>(reference::t_crit)) < 1e-5L &&
          std::abs(at.dens - static_cast<Real>(reference::d_crit)) < 0.05L;
+}
+
+/// States over the rectangle that are not stable or beyond the highest pressure.
+std::vector<StatePoint> unreachable_part(const ElementCell& cell, const Reach& reach) {
+  const auto temp_width = static_cast<Real>(cell.temp_hi) - cell.temp_lo;
+  const auto dens_width = static_cast<Real>(cell.dens_hi) - cell.dens_lo;
+  std::vector<StatePoint> points;
+  for (int i = 0; i < unreachable_nodes; ++i) {
+    for (int j = 0; j < unreachable_nodes; ++j) {
+      const StatePoint at = {
+          cell.temp_lo + temp_width * (static_cast<Real>(i) + 0.5L) / unreachable_nodes,
+          cell.dens_lo + dens_width * (static_cast<Real>(j) + 0.5L) / unreachable_nodes};
+      if (!reachable(reach, at)) points.push_back(at);
+    }
+  }
+  return points;
 }
 
 HelmholtzDerivatives to_double(const reference::Helmholtz<Real>& r) {
@@ -118,181 +155,209 @@ PropertyErrors property_errors(const HelmholtzDerivatives& d, const HelmholtzDer
   return e;
 }
 
-std::array<Real, 6> chebyshev_coefficients(const EdgePolynomial& edge, const Real lo,
-                                           const Real hi) {
-  constexpr int n = temp_terms;
+/// Temperatures of the Chebyshev nodes of a span.
+std::array<Real, temp_terms> span_nodes(const EdgeSpan& span) {
   const Real pi = std::acos(-1.0L);
-  std::array<Real, n> coef{};
-  for (int m = 0; m < n; ++m) {
-    Real sum = 0.0L;
-    for (int k = 0; k < n; ++k) {
-      const Real angle = pi * (static_cast<Real>(k) + 0.5L) / n;
-      sum += edge((lo + hi) / 2.0L + (hi - lo) / 2.0L * std::cos(angle)) * std::cos(angle * m);
-    }
-    coef[static_cast<std::size_t>(m)] = sum * (m == 0 ? 1.0L : 2.0L) / n;
+  std::array<Real, temp_terms> nodes{};
+  for (std::size_t k = 0; k < nodes.size(); ++k) {
+    const Real angle = pi * (static_cast<Real>(k) + 0.5L) / temp_terms;
+    nodes[k] = (span.temp_lo + span.temp_hi) / 2.0L +
+               (span.temp_hi - span.temp_lo) / 2.0L * std::cos(angle);
   }
-  return coef;
+  return nodes;
+}
+
+/// From values at the Chebyshev nodes to coefficients, by discrete orthogonality.
+Matrix nodes_to_coefficients() {
+  const Real pi = std::acos(-1.0L);
+  Matrix m(temp_terms, temp_terms);
+  for (Eigen::Index n = 0; n < temp_terms; ++n) {
+    for (Eigen::Index k = 0; k < temp_terms; ++k) {
+      const Real angle = pi * (static_cast<Real>(k) + 0.5L) / temp_terms;
+      m(n, k) = std::cos(angle * static_cast<Real>(n)) * (n == 0 ? 1.0L : 2.0L) / temp_terms;
+    }
+  }
+  return m;
+}
+
+/// Chebyshev coefficients over `part` from those over `whole`.
+Matrix restriction(const EdgeSpan& whole, const EdgeSpan& part) {
+  Matrix values(temp_terms, temp_terms);
+  Eigen::Index k = 0;
+  for (const Real temp : span_nodes(part)) {
+    const Real u = (2.0L * temp - whole.temp_lo - whole.temp_hi) / (whole.temp_hi - whole.temp_lo);
+    values(k, 0) = 1.0L;
+    values(k, 1) = u;
+    for (Eigen::Index n = 2; n < temp_terms; ++n) {
+      values(k, n) = 2.0L * u * values(k, n - 1) - values(k, n - 2);
+    }
+    ++k;
+  }
+  return nodes_to_coefficients() * values;
+}
+
+/// Triangular rows with the same sum of squares as the given ones, up to a constant.
+Rows compressed(const Rows& rows) {
+  const Eigen::Index columns = rows.a.cols();
+  const Eigen::HouseholderQR<Matrix> qr(rows.a);
+  const Vector b = qr.householderQ().transpose() * rows.b;
+  return {qr.matrixQR().topRows(columns).triangularView<Eigen::Upper>(), b.head(columns)};
 }
 
 }  // namespace
 
-Real EdgePolynomial::operator()(const Real temp) const {
-  const Real u = (2.0L * temp - temp_lo - temp_hi) / (temp_hi - temp_lo);
-  Real next = 0.0L;
-  Real after = 0.0L;
-  for (std::size_t n = coef.size(); n-- > 1;) {
-    const Real value = coef[n] + 2.0L * u * next - after;
-    after = next;
-    next = value;
-  }
-  return coef[0] + u * next - after;
-}
-
 ElementFitter::ElementFitter(const ElementCell& cell) : cell_(cell), basis_(cell) {
   const Reach reach(box_of(cell), whole_domain, saturation_margin);
-  std::vector<StatePoint> points;
-  if (!reach.empty()) points = reach.points(chebyshev_nodes(nodes_per_side));
+  std::vector<StatePoint> stable;
+  if (!reach.empty()) stable = reach.points(chebyshev_nodes(nodes_per_side));
+  std::vector<StatePoint> others = unreachable_part(cell, reach);
+  // States that the library takes for two-phase are not reached either.
+  const auto first_other = std::stable_partition(stable.begin(), stable.end(), single_phase);
+  others.insert(others.end(), first_other, stable.end());
+  stable.erase(first_other, stable.end());
+  problem_.main = sample_rows(stable, 1.0L);
+  problem_.soft = sample_rows(others, unreachable_weight);
+  limit_rounding();
+
+  const Reach exact(box_of(cell), whole_domain, 0.0L);
+  if (!exact.empty()) checks_ = exact.points(check_nodes(checks_per_side));
+  for (StatePoint& at : checks_) {
+    at = {static_cast<double>(at.temp), static_cast<double>(at.dens)};
+  }
+  std::erase_if(checks_,
+                [](const StatePoint& at) { return at_critical_point(at) || !single_phase(at); });
+}
+
+Rows ElementFitter::sample_rows(std::vector<StatePoint> points, const Real weight) const {
   std::erase_if(points, at_critical_point);
-  const std::size_t full = points.size();
-  const Reach stable(box_of(cell), whole_domain, 0.0L);
-  if (!stable.empty()) checks_ = stable.points(check_nodes(checks_per_side));
-
-  const auto temp_width = static_cast<Real>(cell.temp_hi) - cell.temp_lo;
-  const auto dens_width = static_cast<Real>(cell.dens_hi) - cell.dens_lo;
-  for (int i = 0; i < unreachable_nodes; ++i) {
-    for (int j = 0; j < unreachable_nodes; ++j) {
-      const StatePoint at = {
-          cell.temp_lo + temp_width * (static_cast<Real>(i) + 0.5L) / unreachable_nodes,
-          cell.dens_lo + dens_width * (static_cast<Real>(j) + 0.5L) / unreachable_nodes};
-      if (!reachable(reach, at)) points.push_back(at);
-    }
-  }
-
-  const auto rows = static_cast<Eigen::Index>(6 * points.size() + temp_terms);
-  problem_.a = Matrix::Zero(rows, element_terms);
-  problem_.b = Vector::Zero(rows);
+  const auto count = static_cast<Eigen::Index>(6 * points.size());
+  Rows rows{Matrix(count, element_terms), Vector(count)};
   Eigen::Index row = 0;
-  for (std::size_t k = 0; k < points.size(); ++k) {
-    const Real weight = k < full ? 1.0L : unreachable_weight;
-    const auto ref = reference::helmholtz<Real>(points[k].temp, points[k].dens);
-    const Form target = derivatives(ref);
-    for (const Form& form : error_forms(points[k], ref)) {
-      problem_.a.row(row) = weight * basis_.row(form, points[k].temp, points[k].dens).transpose();
-      Real value = 0.0L;
-      for (std::size_t m = 0; m < form.size(); ++m) value += form[m] * target[m];
-      problem_.b(row++) = weight * value;
+  for (const StatePoint& at : points) {
+    const auto ref = reference::helmholtz<Real>(at.temp, at.dens);
+    for (const Form& form : error_forms(at, ref)) {
+      rows.a.row(row) = weight * basis_.row(form, at.temp, at.dens).transpose();
+      rows.b(row++) = weight * value_of(form, derivatives(ref));
     }
   }
-  // c_0 / rho is one rounded term of a_rho: its rounding error in p = rho^2 a_rho.
-  const auto middle = reference::helmholtz<Real>((cell.temp_lo + temp_width / 2.0L),
-                                                 (cell.dens_lo + dens_width / 2.0L));
-  const Real noise = 1.1e-16L / (static_cast<Real>(cell.dens_lo) * std::abs(middle.a_d));
+  return rows;
+}
+
+void ElementFitter::limit_rounding() {
+  // c_0 / rho is one rounded term of a_rho: its rounding error in p = rho^2 a_rho, relative to p.
+  const auto middle =
+      reference::helmholtz<Real>((static_cast<Real>(cell_.temp_lo) + cell_.temp_hi) / 2.0L,
+                                 (static_cast<Real>(cell_.dens_lo) + cell_.dens_hi) / 2.0L);
+  const Real rounding = 1.1e-16L / (static_cast<Real>(cell_.dens_lo) * std::abs(middle.a_d));
+  const Eigen::Index first = problem_.soft.b.size();
+  problem_.soft.a.conservativeResize(first + temp_terms, element_terms);
+  problem_.soft.b.conservativeResize(first + temp_terms);
   for (Eigen::Index i = 0; i < temp_terms; ++i) {
-    problem_.a(row++, dens_terms * i + dens_terms - 1) =
-        noise * basis_.log_coefficient() / rounding_scale;
+    problem_.soft.a.row(first + i).setZero();
+    problem_.soft.a(first + i, dens_terms * i + dens_terms - 1) =
+        rounding * basis_.log_coefficient() / rounding_scale;
+    problem_.soft.b(first + i) = 0.0L;
   }
 }
 
-ElementFit ElementFitter::solve(const std::optional<EdgePolynomial>& lower,
-                                const std::optional<EdgePolynomial>& upper) const {
+ElementFit ElementFitter::solve() const {
+  return measured(basis_.to_element(solve_least_squares(problem_)));
+}
+
+ElementFit ElementFitter::solve(const std::optional<EdgeSpan>& lower,
+                                const std::optional<EdgeSpan>& upper, const Vector& edges) const {
   LeastSquaresProblem problem = problem_;
-  const Eigen::Index conditions = temp_terms * (lower.has_value() + upper.has_value());
-  problem.fixed = Matrix::Zero(conditions, element_terms);
-  problem.fixed_to = Vector::Zero(conditions);
-  Eigen::Index row = 0;
-  const auto hold = [&](const EdgePolynomial& edge, const double dens) {
+  const Conditions held = conditions(lower, upper);
+  problem.fixed = {held.a, held.from_edges * edges + held.constant};
+  return measured(basis_.to_element(solve_least_squares(problem)));
+}
+
+Rows ElementFitter::edge_loss(const std::optional<EdgeSpan>& lower,
+                              const std::optional<EdgeSpan>& upper) const {
+  const Conditions held = conditions(lower, upper);
+  const Eigen::Index count = held.a.rows();
+  // x = particular (from_edges edges + constant) + space z with free z.
+  const Eigen::HouseholderQR<Matrix> qr(held.a.transpose());
+  const Matrix q = qr.householderQ() * Matrix::Identity(element_terms, element_terms);
+  const Matrix r = qr.matrixQR().topRows(count).triangularView<Eigen::Upper>();
+  const Matrix particular = q.leftCols(count) * r.transpose().triangularView<Eigen::Lower>().solve(
+                                                    Matrix::Identity(count, count));
+  const Matrix space = q.rightCols(element_terms - count);
+  Matrix a(problem_.main.a.rows() + problem_.soft.a.rows(), element_terms);
+  a << problem_.main.a, problem_.soft.a;
+  Vector b(a.rows());
+  b << problem_.main.b, problem_.soft.b;
+  // Rows below the triangle of a space are out of reach of z.
+  const Eigen::HouseholderQR<Matrix> free(a * space);
+  const Matrix by_edges = free.householderQ().transpose() * (a * particular * held.from_edges);
+  const Vector rest = free.householderQ().transpose() * (b - a * (particular * held.constant));
+  const Eigen::Index left = a.rows() - space.cols();
+  return compressed({by_edges.bottomRows(left), rest.tail(left)});
+}
+
+ElementFitter::Conditions ElementFitter::conditions(const std::optional<EdgeSpan>& lower,
+                                                    const std::optional<EdgeSpan>& upper) const {
+  const bool at_critical_point =
+      cell_.temp_lo == reference::t_crit &&
+      (cell_.dens_lo == reference::d_crit || cell_.dens_hi == reference::d_crit);
+  const Eigen::Index on_edges = temp_terms * (lower.has_value() + upper.has_value());
+  const Eigen::Index count = on_edges + (at_critical_point ? 1 : 0);
+  Conditions c{Matrix::Zero(count, element_terms), Matrix::Zero(count, on_edges),
+               Vector::Zero(count)};
+  // Scaled to order one, so that the conditions are well conditioned among themselves.
+  const auto width = static_cast<Real>(cell_.dens_hi) - cell_.dens_lo;
+  Eigen::Index first = 0;
+  const auto hold = [&](const EdgeSpan& span, const double dens) {
     const Functions f = basis_.density_functions(dens);
-    const auto coef = chebyshev_coefficients(edge, cell_.temp_lo, cell_.temp_hi);
-    // Scaled to order one, so that the conditions are well conditioned among themselves.
-    const auto scale = static_cast<Real>(cell_.dens_hi) - cell_.dens_lo;
-    for (Eigen::Index i = 0; i < temp_terms; ++i, ++row) {
+    for (Eigen::Index i = 0; i < temp_terms; ++i) {
       for (Eigen::Index j = 0; j < dens_terms; ++j) {
-        problem.fixed(row, dens_terms * i + j) = scale * f[static_cast<std::size_t>(j)][1];
+        c.a(first + i, dens_terms * i + j) = width * f[static_cast<std::size_t>(j)][1];
       }
-      problem.fixed_to(row) = scale * coef[static_cast<std::size_t>(i)];
     }
+    c.from_edges.block(first, first, temp_terms, temp_terms) =
+        width * restriction(span, {cell_.temp_lo, cell_.temp_hi});
+    first += temp_terms;
   };
   if (lower) hold(*lower, cell_.dens_lo);
   if (upper) hold(*upper, cell_.dens_hi);
+  if (at_critical_point) {
+    const Real dens = reference::d_crit;
+    const Form slope = {0.0L, 0.0L, 2.0L, 0.0L, dens, 0.0L};  // (dp/drho) / rho
+    c.a.row(first) = width * width * basis_.row(slope, cell_.temp_lo, dens).transpose();
+    c.constant(first) = width * width * critical_slope / dens;
+  }
+  return c;
+}
 
-  ElementFit fit{basis_.to_element(solve_least_squares(problem)), 0.0, {}};
+ElementFit ElementFitter::measured(const Element& element) const {
+  ElementFit fit{element, 0.0, {}};
   Real sum = 0.0L;
-  std::size_t count = 0;
-  for (const StatePoint& point : checks_) {
-    const StatePoint at = {static_cast<double>(point.temp), static_cast<double>(point.dens)};
-    if (at_critical_point(at)) continue;
+  for (const StatePoint& at : checks_) {
     const auto temp = static_cast<double>(at.temp);
     const auto dens = static_cast<double>(at.dens);
     const auto ref = reference::helmholtz<Real>(at.temp, at.dens);
-    const HelmholtzDerivatives d = evaluate(fit.element, temp, dens, std::log(dens));
+    const HelmholtzDerivatives d = evaluate(element, temp, dens, std::log(dens));
     const Form target = derivatives(ref);
     const Form error = {d.a - target[0],    d.a_t - target[1],  d.a_d - target[2],
                         d.a_tt - target[3], d.a_dd - target[4], d.a_td - target[5]};
-    for (const Form& form : error_forms(at, ref)) {
-      Real value = 0.0L;
-      for (std::size_t m = 0; m < form.size(); ++m) value += form[m] * error[m];
-      sum += value * value;
-      ++count;
-    }
+    for (const Form& form : error_forms(at, ref)) sum += std::pow(value_of(form, error), 2);
     const PropertyErrors e = property_errors(d, to_double(ref), temp, dens);
     for (std::size_t m = 0; m < e.value.size(); ++m) {
       fit.errors.value[m] = std::max(fit.errors.value[m], e.value[m]);
     }
   }
-  if (count > 0) fit.residual = static_cast<double>(std::sqrt(sum / static_cast<Real>(count)));
+  const auto count = static_cast<Real>(6 * checks_.size());
+  if (count > 0.0L) fit.residual = static_cast<double>(std::sqrt(sum / count));
   return fit;
 }
 
-EdgePolynomial fit_edge(const Region region, const double dens, const double temp_lo,
-                        const double temp_hi) {
-  constexpr int nodes = 24;
-  const Real lo = temp_lo;
-  const Real hi = temp_hi;
-  LeastSquaresProblem problem{Matrix::Zero(2 * nodes, temp_terms), Vector::Zero(2 * nodes)};
-  Eigen::Index row = 0;
-  const std::vector<Real> at = chebyshev_nodes(nodes);
-  // The thinnest box that has the edge as its inner side in the region.
-  const Box line = {temp_lo, temp_hi, region == Region::vapour ? dens - 1e-3 : dens,
-                    region == Region::vapour ? dens : dens + 1e-3};
-  const Reach reach(line, whole_domain, saturation_margin);
-  const auto add = [&](const Real temp, const Real weight) {
-    if (at_critical_point({temp, dens})) return;
-    const auto r = reference::helmholtz<Real>(temp, dens);
-    const Real p = dens * dens * r.a_d;
-    const Real slope = 2.0L * r.a_d + dens * r.a_dd;
-    const Real by_pressure =
-        weight * dens * dens /
-        std::max(std::abs(slope) * dens * dens * dens_scale, std::abs(p) * pres_scale);
-    // cp and w see dp/dT directly.
-    const Real by_slope = weight / (std::abs(r.a_td) * ssnd_scale);
-    const Real u = (2.0L * temp - lo - hi) / (hi - lo);
-    std::array<Real, temp_terms> t = {1.0L, u};
-    std::array<Real, temp_terms> t_u = {0.0L, 1.0L};
-    for (std::size_t n = 2; n < t.size(); ++n) {
-      t[n] = 2.0L * u * t[n - 1] - t[n - 2];
-      t_u[n] = 2.0L * t[n - 1] + 2.0L * u * t_u[n - 1] - t_u[n - 2];
-    }
-    for (Eigen::Index n = 0; n < temp_terms; ++n) {
-      problem.a(row, n) = by_pressure * t[static_cast<std::size_t>(n)];
-      problem.a(row + 1, n) = by_slope * t_u[static_cast<std::size_t>(n)] * 2.0L / (hi - lo);
-    }
-    problem.b(row) = by_pressure * r.a_d;
-    problem.b(row + 1) = by_slope * r.a_td;
-    row += 2;
-  };
-  if (reach.empty()) {
-    for (const Real s : at) add(lo + (hi - lo) * s, 1.0L);
-  } else {
-    // Two thirds of the nodes where states are stable, the rest over the whole edge.
-    for (const Real s : chebyshev_nodes(2 * nodes / 3)) {
-      add(reach.temp_lo() + (reach.temp_hi() - reach.temp_lo()) * s, 1.0L);
-    }
-    for (const Real s : chebyshev_nodes(nodes / 3)) add(lo + (hi - lo) * s, unreachable_weight);
+EdgeCoefficients interpolate_edge(const EdgeSpan& span, const double dens) {
+  Vector values(temp_terms);
+  Eigen::Index k = 0;
+  for (const Real temp : span_nodes(span)) {
+    values(k++) = reference::helmholtz<Real>(temp, dens).a_d;
   }
-  const Vector x = solve_least_squares(problem);
-  EdgePolynomial edge{lo, hi, {}};
-  for (Eigen::Index n = 0; n < temp_terms; ++n) edge.coef[static_cast<std::size_t>(n)] = x(n);
-  return edge;
+  return nodes_to_coefficients() * values;
 }
 
 }  // namespace co2_properties::tablegen

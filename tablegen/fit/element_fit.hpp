@@ -20,15 +20,13 @@ struct PropertyErrors {
 inline constexpr std::array<const char*, 6> property_error_names = {"density", "h",  "s",
                                                                     "cv",      "cp", "w"};
 
-/// Pressure slope a_rho along the isochore of an edge: a polynomial of degree 5 in temperature, by
-/// its Chebyshev coefficients over [temp_lo, temp_hi]. The elements on both sides take it over
-/// exactly, so that the pressure does not jump at the edge.
-struct EdgePolynomial {
+/// A density edge that elements on both sides share. Along it a_rho is one polynomial of degree 5
+/// in temperature, given by Chebyshev coefficients over the whole edge; every element at the edge
+/// takes it over exactly on its own part, so that the pressure does not jump there.
+struct EdgeSpan {
   Real temp_lo, temp_hi;
-  std::array<Real, temp_terms> coef;
-
-  [[nodiscard]] Real operator()(Real temp) const;
 };
+using EdgeCoefficients = Vector;
 
 struct ElementFit {
   Element element;
@@ -42,18 +40,39 @@ class ElementFitter {
  public:
   explicit ElementFitter(const ElementCell& cell);
 
-  [[nodiscard]] ElementFit solve(const std::optional<EdgePolynomial>& lower,
-                                 const std::optional<EdgePolynomial>& upper) const;
+  /// Best fit of the element alone.
+  [[nodiscard]] ElementFit solve() const;
+
+  /// Best fit with given polynomials at the shared edges.
+  /// \param edges  coefficients of the lower, then of the upper edge, of those that are shared
+  [[nodiscard]] ElementFit solve(const std::optional<EdgeSpan>& lower,
+                                 const std::optional<EdgeSpan>& upper, const Vector& edges) const;
+
+  /// What the best fit leaves over, as a function of the edges: its sum of squares is that of
+  /// a edges - b, up to a constant.
+  [[nodiscard]] Rows edge_loss(const std::optional<EdgeSpan>& lower,
+                               const std::optional<EdgeSpan>& upper) const;
 
  private:
+  [[nodiscard]] Rows sample_rows(std::vector<StatePoint> points, Real weight) const;
+  void limit_rounding();
+  /// Conditions a x = from_edges edges + constant on the weights x of the functions.
+  struct Conditions {
+    Matrix a;
+    Matrix from_edges;
+    Vector constant;
+  };
+  [[nodiscard]] Conditions conditions(const std::optional<EdgeSpan>& lower,
+                                      const std::optional<EdgeSpan>& upper) const;
+  [[nodiscard]] ElementFit measured(const Element& element) const;
+
   ElementCell cell_;
   ElementBasis basis_;
   LeastSquaresProblem problem_;
   std::vector<StatePoint> checks_;
 };
 
-/// The polynomial for an edge at `dens` from temp_lo to temp_hi, fitted to the reference along the
-/// stable part of the isochore.
-[[nodiscard]] EdgePolynomial fit_edge(Region region, double dens, double temp_lo, double temp_hi);
+/// Interpolation of the reference along an edge: a start for the search of its polynomial.
+[[nodiscard]] EdgeCoefficients interpolate_edge(const EdgeSpan& span, double dens);
 
 }  // namespace co2_properties::tablegen

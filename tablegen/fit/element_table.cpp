@@ -6,6 +6,7 @@
 #include <fstream>
 #include <iterator>
 #include <numeric>
+#include <optional>
 #include <thread>
 
 #include "eos/helmholtz.hpp"
@@ -20,6 +21,12 @@ constexpr const char* tiling_file = "tablegen/tilings/elements.txt";
 /// Part of the input digest: raise it when the fit changes without the tiling.
 constexpr const char* fit_version = "elements 1";
 
+/// Residuals below this are as good as zero, in units of the error scales of a fit.
+constexpr Real least_residual = 1e-5L;
+
+/// Rounds of fitting the shared edges, each with weights from the one before.
+constexpr int rounds = 8;
+
 /// Runs work(0) .. work(count - 1) on all cores; each call writes only results of its own.
 template <class Work>
 void for_each_index(const std::size_t count, const Work& work) {
@@ -30,6 +37,11 @@ void for_each_index(const std::size_t count, const Work& work) {
       for (std::size_t k = w; k < count; k += workers) work(k);
     });
   }
+}
+
+/// How much worse an element is than its functions could be without shared edges.
+double ratio(const ElementResult& r) {
+  return r.unconstrained.residual > 0.0 ? r.stored.residual / r.unconstrained.residual : 1.0;
 }
 
 /// Elements that share pieces of one density edge, and the temperatures from end to end.
@@ -89,6 +101,54 @@ std::vector<SharedEdge> shared_edges(const std::vector<ElementCell>& cells) {
   return edges;
 }
 
+/// The shared edges of one element, by their index.
+struct AtEdges {
+  std::optional<std::size_t> lower, upper;
+
+  /// Coefficients of the lower, then of the upper edge.
+  [[nodiscard]] Vector gather(const std::vector<EdgeCoefficients>& polynomials) const {
+    Vector v(temp_terms * (lower.has_value() + upper.has_value()));
+    if (lower) v.head(temp_terms) = polynomials[*lower];
+    if (upper) v.tail(temp_terms) = polynomials[*upper];
+    return v;
+  }
+};
+
+std::vector<EdgeCoefficients> interpolated_edges(const std::vector<SharedEdge>& edges) {
+  std::vector<EdgeCoefficients> polynomials;
+  for (const SharedEdge& edge : edges) {
+    polynomials.push_back(interpolate_edge({edge.temp_lo, edge.temp_hi}, edge.dens));
+  }
+  return polynomials;
+}
+
+/// Moves the edge polynomials to the least sum of squares over all elements. Elements couple an
+/// edge only to the next ones in density, and not strongly: solving for one edge after the other,
+/// the others held, converges within some ten sweeps.
+void improve_edges(const std::vector<SharedEdge>& edges, const std::vector<AtEdges>& at,
+                   const std::vector<Rows>& losses, std::vector<EdgeCoefficients>& polynomials) {
+  constexpr int sweeps = 30;
+  for (int sweep = 0; sweep < sweeps; ++sweep) {
+    for (std::size_t k = 0; k < edges.size(); ++k) {
+      std::vector<std::size_t> members = edges[k].below;
+      members.insert(members.end(), edges[k].above.begin(), edges[k].above.end());
+      Eigen::Index count = 0;
+      for (const std::size_t e : members) count += losses[e].b.size();
+      Rows rows{Matrix(count, temp_terms), Vector(count)};
+      Eigen::Index first = 0;
+      for (const std::size_t e : members) {
+        const auto& [a, b] = losses[e];
+        const Eigen::Index column = at[e].lower && at[e].upper == k ? temp_terms : 0;
+        const auto own = a.middleCols(column, temp_terms);
+        rows.a.middleRows(first, b.size()) = own;
+        rows.b.segment(first, b.size()) = b - a * at[e].gather(polynomials) + own * polynomials[k];
+        first += b.size();
+      }
+      polynomials[k] = solve_least_squares({rows});
+    }
+  }
+}
+
 std::string format(const char* pattern, const auto... values) {
   char buffer[400];
   std::snprintf(buffer, sizeof buffer, pattern, values...);
@@ -107,10 +167,6 @@ std::string worst_errors(const std::vector<ElementResult>& results) {
                    results[worst].stored.errors.value[m], worst + 1);
   }
   return text + ".";
-}
-
-double ratio(const ElementResult& r) {
-  return r.unconstrained.residual > 0.0 ? r.stored.residual / r.unconstrained.residual : 1.0;
 }
 
 std::string report(const std::vector<ElementResult>& results) {
@@ -228,22 +284,43 @@ Generated generate() {
 
 std::vector<ElementResult> fit_elements(const std::vector<ElementCell>& cells) {
   const std::vector<SharedEdge> edges = shared_edges(cells);
-  std::vector<std::optional<EdgePolynomial>> lower(cells.size());
-  std::vector<std::optional<EdgePolynomial>> upper(cells.size());
-  std::vector<EdgePolynomial> polynomials(edges.size());
-  for_each_index(edges.size(), [&](const std::size_t k) {
-    polynomials[k] = fit_edge(edges[k].region, edges[k].dens, edges[k].temp_lo, edges[k].temp_hi);
-  });
+  std::vector<AtEdges> at(cells.size());
   for (std::size_t k = 0; k < edges.size(); ++k) {
-    for (const std::size_t e : edges[k].below) upper[e] = polynomials[k];
-    for (const std::size_t e : edges[k].above) lower[e] = polynomials[k];
+    for (const std::size_t e : edges[k].below) at[e].upper = k;
+    for (const std::size_t e : edges[k].above) at[e].lower = k;
   }
+  const auto span = [&](const std::optional<std::size_t>& edge) -> std::optional<EdgeSpan> {
+    if (!edge) return std::nullopt;
+    return EdgeSpan{edges[*edge].temp_lo, edges[*edge].temp_hi};
+  };
+  std::vector<std::optional<ElementFitter>> fitters(cells.size());
+  std::vector<Rows> losses(cells.size());
   std::vector<ElementResult> results(cells.size());
   for_each_index(cells.size(), [&](const std::size_t k) {
-    const ElementFitter fitter(cells[k]);
-    results[k] = {cells[k], fitter.solve(lower[k], upper[k]),
-                  fitter.solve(std::nullopt, std::nullopt)};
+    fitters[k].emplace(cells[k]);
+    results[k].cell = cells[k];
+    results[k].unconstrained = fitters[k]->solve();
+    if (at[k].lower || at[k].upper) {
+      losses[k] = fitters[k]->edge_loss(span(at[k].lower), span(at[k].upper));
+      // An element counts by how much worse it gets than alone, a poor one by its error.
+      const Real residual = results[k].unconstrained.residual + least_residual;
+      const Real alone = residual / std::hypot(1.0L, residual);
+      losses[k].a /= alone;
+      losses[k].b /= alone;
+    }
   });
+  std::vector<EdgeCoefficients> polynomials = interpolated_edges(edges);
+  for (int round = 0; round < rounds; ++round) {
+    improve_edges(edges, at, losses, polynomials);
+    for_each_index(cells.size(), [&](const std::size_t k) {
+      results[k].stored =
+          fitters[k]->solve(span(at[k].lower), span(at[k].upper), at[k].gather(polynomials));
+      // Elements that lose much by sharing their edges count more in the next round.
+      const Real loss = std::max(1.0, ratio(results[k]));
+      losses[k].a *= loss;
+      losses[k].b *= loss;
+    });
+  }
   return results;
 }
 

@@ -3,9 +3,7 @@
 // minimax.
 
 #include <Eigen/QR>
-#include <algorithm>
 #include <limits>
-#include <optional>
 
 namespace co2_properties::tablegen {
 
@@ -13,80 +11,87 @@ using Real = long double;
 using Matrix = Eigen::Matrix<Real, Eigen::Dynamic, Eigen::Dynamic>;
 using Vector = Eigen::Matrix<Real, Eigen::Dynamic, 1>;
 
-/// a x ~ b by rows, rows scaled so that their residuals weigh the same; fixed x = fixed_to exactly.
-struct LeastSquaresProblem {
+/// Rows a x ~ b, scaled so that their residuals weigh the same.
+struct Rows {
   Matrix a;
   Vector b;
-  Matrix fixed{};  ///< one row per condition, linearly independent; may be empty
-  Vector fixed_to{};
 };
 
-/// The same problem in the null space of its conditions: x = offset + space z.
+/// Search for x with small residuals in `main`.
+struct LeastSquaresProblem {
+  Rows main;
+  Rows soft{};   ///< take part in every sum of squares but are never reweighted; may be empty
+  Rows fixed{};  ///< hold exactly; linearly independent; may be empty
+};
+
+/// A problem in the null space of its fixed rows: x = offset + space z.
 class ReducedProblem {
  public:
-  /// \param damping  every direction z is pulled towards its start by a row of this weight; keeps
-  /// columns that the rows hardly tell apart from taking large values that cancel
-  explicit ReducedProblem(const LeastSquaresProblem& problem, const Real damping = 0.0L) {
-    const Eigen::Index columns = problem.a.cols();
-    if (problem.fixed.rows() > 0) {
+  explicit ReducedProblem(const LeastSquaresProblem& problem) {
+    const Eigen::Index columns = problem.main.a.cols();
+    const Eigen::Index held = problem.fixed.b.size();
+    if (held > 0) {
       // Q of the transposed conditions: its first columns span them, the others their null space.
-      const Eigen::HouseholderQR<Matrix> qr(problem.fixed.transpose());
-      const Eigen::Index held = problem.fixed.rows();
+      const Eigen::HouseholderQR<Matrix> qr(problem.fixed.a.transpose());
       const Matrix q = qr.householderQ() * Matrix::Identity(columns, columns);
-      const Matrix r = qr.matrixQR().topRows(held).template triangularView<Eigen::Upper>();
-      offset_ = q.leftCols(held) *
-                r.transpose().template triangularView<Eigen::Lower>().solve(problem.fixed_to);
+      const Matrix r = qr.matrixQR().topRows(held).triangularView<Eigen::Upper>();
+      offset_ =
+          q.leftCols(held) * r.transpose().triangularView<Eigen::Lower>().solve(problem.fixed.b);
       space_ = q.rightCols(columns - held);
     } else {
       offset_ = Vector::Zero(columns);
       space_ = Matrix::Identity(columns, columns);
     }
-    a_ = problem.a * space_;
-    b_ = problem.b - problem.a * offset_;
-    damping_ = damping;
+    main_ = reduced(problem.main);
+    if (problem.soft.b.size() > 0) soft_ = reduced(problem.soft);
   }
 
-  /// Solution for row weights `weight` (they multiply squared residuals).
+  /// Solution for weights of the main rows (they multiply squared residuals).
   [[nodiscard]] Vector solve(const Vector& weight) const {
-    const Eigen::Index free = a_.cols();
-    if (free == 0) return offset_;
-    const Eigen::Index damped = damping_ > 0.0L ? free : 0;
+    if (space_.cols() == 0) return offset_;
+    const Eigen::Index rows = main_.b.size();
+    const Eigen::Index softs = soft_.b.size();
     const Vector root = weight.cwiseSqrt();
-    Matrix a(a_.rows() + damped, free);
-    Vector b = Vector::Zero(a.rows());
-    a.topRows(a_.rows()) = root.asDiagonal() * a_;
-    b.head(b_.size()) = root.cwiseProduct(b_);
-    if (damped > 0) a.bottomRows(damped) = damping_ * Matrix::Identity(free, free);
+    Matrix a(rows + softs, space_.cols());
+    Vector b(rows + softs);
+    a.topRows(rows) = root.asDiagonal() * main_.a;
+    b.head(rows) = root.cwiseProduct(main_.b);
+    if (softs > 0) {
+      a.bottomRows(softs) = soft_.a;
+      b.tail(softs) = soft_.b;
+    }
     return offset_ + space_ * a.colPivHouseholderQr().solve(b);
   }
 
  private:
+  [[nodiscard]] Rows reduced(const Rows& rows) const {
+    return {rows.a * space_, rows.b - rows.a * offset_};
+  }
+
   Vector offset_;
   Matrix space_;
-  Matrix a_;
-  Vector b_;
-  Real damping_;
+  Rows main_;
+  Rows soft_;
 };
 
 /// Least-squares solution.
-[[nodiscard]] inline Vector solve_least_squares(const LeastSquaresProblem& problem,
-                                                const Real damping = 0.0L) {
-  return ReducedProblem(problem, damping).solve(Vector::Ones(problem.a.rows()));
+[[nodiscard]] inline Vector solve_least_squares(const LeastSquaresProblem& problem) {
+  return ReducedProblem(problem).solve(Vector::Ones(problem.main.b.size()));
 }
 
-/// Solution of least largest residual among `rounds` rounds of Lawson's reweighting (each weight is
-/// multiplied by the size of its residual). The first round is the least-squares solution, so the
-/// result is never worse than that. A fixed number of rounds keeps the result a smooth function of
-/// the data.
-[[nodiscard]] inline Vector solve_minimax(const LeastSquaresProblem& problem, const int rounds,
-                                          const Real damping = 0.0L) {
-  const ReducedProblem reduced(problem, damping);
-  Vector weight = Vector::Ones(problem.a.rows());
+/// Solution of least largest main residual among `rounds` rounds of Lawson's reweighting, in which
+/// each weight is multiplied by the size of its residual. The first round is the least-squares
+/// solution, so the result is never worse than that. The number of rounds is fixed, so that close
+/// data give close results.
+[[nodiscard]] inline Vector solve_minimax(const LeastSquaresProblem& problem, const int rounds) {
+  const ReducedProblem reduced(problem);
+  const auto& [a, b] = problem.main;
+  Vector weight = Vector::Ones(b.size());
   Vector best;
   Real least = std::numeric_limits<Real>::infinity();
   for (int round = 0; round < rounds; ++round) {
     const Vector x = reduced.solve(weight);
-    const Vector size = (problem.a * x - problem.b).cwiseAbs();
+    const Vector size = (a * x - b).cwiseAbs();
     const Real largest = size.maxCoeff();
     if (best.size() == 0 || largest < least) {
       best = x;

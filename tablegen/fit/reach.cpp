@@ -33,12 +33,12 @@ Reach::Reach(const Box& cell, const FitLimits& limits, const Real margin)
   };
   int first = 0;
   while (first <= steps && densities(at(first)).empty()) ++first;
-  int last = steps;
-  while (last > first && densities(at(last)).empty()) --last;
-  if (first >= last) {
+  if (first > steps) {
     temp_hi_ = temp_lo_;
     return;
   }
+  int last = steps;
+  while (densities(at(last)).empty()) --last;
   const auto border = [this](Real outside, Real inside) {
     for (int k = 0; k < 60; ++k) {
       const Real middle = (outside + inside) / 2.0L;
@@ -69,12 +69,42 @@ std::vector<DensityRange> Reach::densities(const Real temp) const {
   return ranges;
 }
 
-std::vector<StatePoint> Reach::points(const std::vector<Real>& nodes) const {
-  std::vector<StatePoint> points;
+void Reach::add_points(const std::vector<Real>& nodes, const Real temp_lo, const Real temp_hi,
+                       std::vector<StatePoint>& points) const {
   for (const Real s : nodes) {
-    const Real temp = temp_lo_ + (temp_hi_ - temp_lo_) * s;
+    const Real temp = temp_lo + (temp_hi - temp_lo) * s;
     for (const DensityRange& range : densities(temp)) {
       for (const Real t : nodes) points.push_back({temp, range.lo + (range.hi - range.lo) * t});
+    }
+  }
+}
+
+std::vector<StatePoint> Reach::points(const std::vector<Real>& nodes) const {
+  std::vector<StatePoint> points;
+  add_points(nodes, temp_lo_, temp_hi_, points);
+  return points;
+}
+
+std::vector<StatePoint> Reach::points_off_critical(const std::vector<Real>& nodes,
+                                                   const Real gap) const {
+  std::vector<StatePoint> points;
+  const Real below = std::min(temp_hi_, reference::t_crit - gap);
+  const Real above = std::max(temp_lo_, reference::t_crit + gap);
+  if (temp_lo_ < below) add_points(nodes, temp_lo_, below, points);
+  if (above < temp_hi_) add_points(nodes, above, temp_hi_, points);
+  return points;
+}
+
+std::vector<StatePoint> Reach::dome_points(const std::vector<Real>& nodes) const {
+  std::vector<StatePoint> points;
+  const Real temp_hi = std::min<Real>(cell_.x_hi, reference::t_crit - critical_gap);
+  for (const Real s : nodes) {
+    const Real temp = cell_.x_lo + (cell_.x_hi - cell_.x_lo) * s;
+    if (temp > temp_hi) continue;
+    const auto sat = reference::saturation<Real>(temp);
+    for (const Real t : nodes) {
+      const Real dens = cell_.y_lo + (cell_.y_hi - cell_.y_lo) * t;
+      if (dens > sat.dens_vap && dens < sat.dens_liq) points.push_back({temp, dens});
     }
   }
   return points;

@@ -41,11 +41,22 @@ class Reach {
   /// Reachable densities of the cell at one temperature, ascending: none, one or two ranges.
   [[nodiscard]] std::vector<DensityRange> densities(Real temp) const;
 
-  /// Points of a product rule: `nodes`, ascending in [0, 1], laid out over the temperatures and then
-  /// over each range of densities.
+  /// Points of a product rule: `nodes`, ascending in [0, 1], laid out over the temperatures and
+  /// then over each range of densities.
   [[nodiscard]] std::vector<StatePoint> points(const std::vector<Real>& nodes) const;
 
+  /// The same rule on each side of the critical temperature, `gap` (K) away from it, if the cell
+  /// has reachable temperatures closer than that; points nearer to it are left out.
+  [[nodiscard]] std::vector<StatePoint> points_off_critical(const std::vector<Real>& nodes,
+                                                            Real gap) const;
+
+  /// Points of the same rule over the whole cell, where they lie in the two-phase region.
+  [[nodiscard]] std::vector<StatePoint> dome_points(const std::vector<Real>& nodes) const;
+
  private:
+  void add_points(const std::vector<Real>& nodes, Real temp_lo, Real temp_hi,
+                  std::vector<StatePoint>& points) const;
+
   Box cell_;
   Real margin_;
   Real temp_lo_;
