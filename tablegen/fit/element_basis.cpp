@@ -48,13 +48,18 @@ std::array<std::array<Real, 6>, 6> chebyshev_powers(const Real width) {
   return c;
 }
 
-/// Width of an element as one writes it down, with sixteen digits: 0.0182 and not the difference of
-/// two rounded edges. Elements that end on the critical isochore end where the maps separate them,
-/// one unit in the last place above the edge that the next element stores.
+/// Width of an element as one writes it down: 0.0182 and not the difference of two rounded edges.
+/// Elements that end on the critical isochore end where the maps separate them, one unit in the
+/// last place above the edge that the next element stores.
 double width(const double lo, const double hi) {
+  constexpr Real decimals = 1e10L;
+  constexpr Real edge_rounding = 1e-13L;
   const double end = hi == reference::d_crit ? std::nextafter(hi, 2.0 * hi) : hi;
+  const Real exact = static_cast<Real>(end) - lo;
+  const Real plain = std::round(exact * decimals) / decimals;
+  if (std::abs(plain - exact) < edge_rounding) return static_cast<double>(plain);
   std::array<char, 40> digits{};
-  std::snprintf(digits.data(), digits.size(), "%.16Lg", static_cast<Real>(end) - lo);
+  std::snprintf(digits.data(), digits.size(), "%.16Lg", exact);
   return std::strtod(digits.data(), nullptr);
 }
 

@@ -27,9 +27,10 @@ constexpr Real critical_share = 0.01L;
 /// highest pressure: enough to keep the polynomial near the continued equation of state, where
 /// Newton iterates may pass, too little to be felt in the stable part.
 constexpr Real unreachable_weight = 1e-4L;
-/// Rounding of the double evaluation, relative to the pressure, that weighs one unit: limits the
-/// coefficients of ln rho, which cancel against the polynomial in narrow elements.
-constexpr Real rounding_scale = 1e-13L;
+/// Largest rounding error of the double evaluation, relative to the pressure: Newton iterations
+/// converge to 1e-11. It limits the coefficients of ln rho, which cancel against the polynomial in
+/// narrow elements.
+constexpr Real rounding_limit = 5e-14L;
 
 /// How far beyond the saturated densities of the reference the full weight goes, as a fraction of
 /// the way to the critical density: the library decides with saturated densities of its own.
@@ -245,18 +246,25 @@ Rows ElementFitter::sample_rows(std::vector<StatePoint> points, const Real weigh
 
 void ElementFitter::limit_rounding() {
   // c_0 / rho is one rounded term of a_rho: its rounding error in p = rho^2 a_rho, relative to p.
-  const auto middle =
-      reference::helmholtz<Real>((static_cast<Real>(cell_.temp_lo) + cell_.temp_hi) / 2.0L,
-                                 (static_cast<Real>(cell_.dens_lo) + cell_.dens_hi) / 2.0L);
-  const Real rounding = 1.1e-16L / (static_cast<Real>(cell_.dens_lo) * std::abs(middle.a_d));
+  const Real temp = (static_cast<Real>(cell_.temp_lo) + cell_.temp_hi) / 2.0L;
+  const Real dens = (static_cast<Real>(cell_.dens_lo) + cell_.dens_hi) / 2.0L;
+  const auto middle = reference::helmholtz<Real>(temp, dens);
+  const Real rounding = 1.1e-16L * basis_.log_coefficient() / (dens * std::abs(middle.a_d));
   const Eigen::Index first = problem_.soft.b.size();
   problem_.soft.a.conservativeResize(first + temp_terms, element_terms);
   problem_.soft.b.conservativeResize(first + temp_terms);
-  for (Eigen::Index i = 0; i < temp_terms; ++i) {
-    problem_.soft.a.row(first + i).setZero();
-    problem_.soft.a(first + i, dens_terms * i + dens_terms - 1) =
-        rounding * basis_.log_coefficient() / rounding_scale;
-    problem_.soft.b(first + i) = 0.0L;
+  problem_.soft.a.bottomRows(temp_terms).setZero();
+  problem_.soft.b.tail(temp_terms).setZero();
+  // The weight rises until the coefficients that the fit asks for are small enough.
+  for (Real weight = 1.0L / rounding_limit;; weight *= 4.0L) {
+    const Vector x = solve_least_squares(problem_);
+    Real sum = 0.0L;
+    for (Eigen::Index i = 0; i < temp_terms; ++i) {
+      const Eigen::Index column = dens_terms * i + dens_terms - 1;
+      sum += rounding * std::abs(x(column));
+      problem_.soft.a(first + i, column) = weight * rounding;
+    }
+    if (sum < rounding_limit) return;
   }
 }
 
