@@ -3,12 +3,10 @@
 
 #include <cstdint>
 
-namespace co2_properties {
-
 /// Codes of `ierr`: 0 success; negative a warning, the outputs hold a result; positive an error,
 /// every output is zero. The hundreds digit names the entry: 1 `co2_td`, 2 `co2_tp`, 3 `co2_ph`,
 /// 4 `co2_ps`. Texts: `co2_error_message`.
-namespace status {
+namespace co2_properties::status {
 
 inline constexpr std::int32_t success = 0;
 
@@ -44,5 +42,4 @@ inline constexpr std::int32_t ps_solve_failed = 406;        ///< reserved, never
 inline constexpr std::int32_t ps_two_phase = -401;          ///< as td_two_phase
 inline constexpr std::int32_t ps_loosely_converged = -402;  ///< as ph's; it has no text of its own
 
-}  // namespace status
-}  // namespace co2_properties
+}  // namespace co2_properties::status

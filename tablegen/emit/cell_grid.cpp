@@ -52,8 +52,8 @@ double upper_side(const std::vector<double>& edges, const std::size_t k) {
 }
 
 std::string axis_definition(const std::string& name, const std::vector<double>& edges) {
-  std::vector<std::string> items;
-  for (const double edge : edges) items.push_back(decimal_literal(edge));
+  std::vector<std::string> items(edges.size());
+  std::transform(edges.begin(), edges.end(), items.begin(), decimal_literal);
   return edges.empty() ? std::string() : array_definition("double", name, items);
 }
 

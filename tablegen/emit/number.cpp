@@ -28,7 +28,7 @@ std::string hex_literal(const double value) {
 std::string decimal_literal(const double value) {
   require_finite(value);
   std::array<char, 40> buffer{};
-  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value).ptr;
+  char* const end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value).ptr;
   std::string text(buffer.data(), end);
   if (text.find_first_of(".e") == std::string::npos) text += ".0";
   return text;

@@ -216,7 +216,7 @@ Alpha<Real> power_part(Real tau, Real delta) {
     Alpha<Real> group{};
     for (; i < static_cast<unsigned>(power_group_ends[l]); ++i) {
       const PowerTerm<Real>& term = power_terms<Real>[i];
-      const unsigned quarters = static_cast<unsigned>(term.quarters);
+      const auto quarters = static_cast<unsigned>(term.quarters);
       const Real v = term.n * delta_power[static_cast<unsigned>(term.d)] * tau_power[quarters / 4] *
                      tau_quarter[quarters % 4];
       const Real t = Real(term.quarters) / Real(4);

@@ -50,7 +50,7 @@ TEST(Messages, CodesAndTheirEntries) {
   std::set<std::string> texts;
   for (std::int32_t code = -600; code <= 600; ++code) {
     const std::string text = text_of(code);
-    if (known.count(code) == 0) {
+    if (!known.contains(code)) {
       EXPECT_EQ(text, unknown) << code;
     } else {
       EXPECT_EQ(text.substr(0, 8), entry[std::abs(code) / 100]) << code;

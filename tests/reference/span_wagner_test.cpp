@@ -45,7 +45,7 @@ TEST(SpanWagner, MatchesIndependentStates) {
   };
   for (const bool critical : {false, true}) {
     auto data = read_csv(data_dir + (critical ? "/td_critical.csv" : "/td_single.csv"));
-    ASSERT_GE(data["T"].size(), 500u);
+    ASSERT_GE(data["T"].size(), 500U);
     for (const ColumnCase& c : cases) {
       WorstError worst;
       for (std::size_t i = 0; i < data["T"].size(); ++i) {
