@@ -12,6 +12,7 @@
 
 #include "tablegen/emit/table.hpp"
 #include "tablegen/fit/element_table.hpp"
+#include "tablegen/fit/tp_curves.hpp"
 
 namespace {
 
@@ -20,7 +21,10 @@ using co2_properties::tablegen::Generated;
 using co2_properties::tablegen::Table;
 
 /// Every table, in the order of `tablegen all`.
-std::vector<Table> registry() { return {co2_properties::tablegen::elements_table()}; }
+std::vector<Table> registry() {
+  return {co2_properties::tablegen::elements_table(),
+          co2_properties::tablegen::tp_curves_table()};  // reads the element table
+}
 
 std::string read_file(const std::filesystem::path& path) {
   std::ifstream stream(path, std::ios::binary);

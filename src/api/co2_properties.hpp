@@ -69,6 +69,33 @@ void co2_td(const double& temp_in, const double& dens_in, std::int32_t& ierr,
             double* dhdd = nullptr, double* dhdt = nullptr, double* dsdd = nullptr,
             double* dsdt = nullptr) noexcept;
 
+/// State from temperature and pressure; never two-phase.
+/// \param temp_in  temperature, K, 240 to 1500
+/// \param pres_in  pressure, kPa, 1 to 100000
+/// \param ierr     0 or, in the order of the tests: 203 pressure below 1, 204 pressure above
+///                 100000, 201 temperature below 240, 205 pressure equal to `calc_sat_pres` of the
+///                 temperature, where the state is undefined, 202 temperature above 1500, 207 the
+///                 density was not found
+///
+/// Below the critical temperature a pressure below saturation is vapour and one above it liquid.
+/// The density is that at which an element's pressure meets the given one to 1e-11; the outputs are
+/// those of `co2_td` there, but the mark in `qual` goes by the given pressure.
+///
+/// NaN as pressure gives 205 below the critical temperature and 207 from it on; NaN as temperature
+/// gives 207.
+void co2_tp(const double& temp_in, const double& pres_in, std::int32_t& ierr,
+            const OutputSet& out) noexcept;
+
+/// The same with the outputs in their fixed order.
+void co2_tp(const double& temp_in, const double& pres_in, std::int32_t& ierr,
+            double* temp = nullptr, double* pres = nullptr, double* dens = nullptr,
+            double* svol = nullptr, double* qual = nullptr, double* inte = nullptr,
+            double* enth = nullptr, double* entr = nullptr, double* cv = nullptr,
+            double* cp = nullptr, double* ssnd = nullptr, double* visc = nullptr,
+            double* cond = nullptr, double* dpdd = nullptr, double* dpdt = nullptr,
+            double* dhdd = nullptr, double* dhdt = nullptr, double* dsdd = nullptr,
+            double* dsdt = nullptr) noexcept;
+
 // ---- Constants, messages, outputs --------------------------------------------------------------
 
 /// Reference constants and limits; each present argument receives its value.
@@ -123,6 +150,12 @@ void zero_outputs(double* temp = nullptr, double* pres = nullptr, double* dens =
 [[nodiscard]] std::int32_t liq_index_from_td(const double& temp, const double& dens) noexcept;
 [[nodiscard]] std::int32_t sc_index_from_td(const double& temp, const double& dens) noexcept;
 
+/// Element that holds a state given by temperature and pressure, as above. The pressure has to lie
+/// on the region's side of saturation, which is not looked at.
+[[nodiscard]] std::int32_t vap_index_from_tp(const double& temp, const double& pres) noexcept;
+[[nodiscard]] std::int32_t liq_index_from_tp(const double& temp, const double& pres) noexcept;
+[[nodiscard]] std::int32_t sc_index_from_tp(const double& temp, const double& pres) noexcept;
+
 /// Helmholtz energy and its derivatives from element `e`.
 /// \param e     1..649, not tested: one of the indices above
 /// \param temp  temperature, K
@@ -140,3 +173,17 @@ void calculate_cv(const double& dens, const double& temp, double& cv) noexcept;
 void calculate_ssnd(const double& dens, const double& temp, double& ssnd) noexcept;
 
 }  // namespace co2_properties
+
+// ---- Entries with fixed arguments --------------------------------------------------------------
+
+extern "C" {
+
+/// `co2_tp` for callers that cannot leave out arguments. On an error it prints the message to
+/// standard output and ends the process.
+/// \param temp  temperature, K
+/// \param pres  pressure, kPa
+/// \param enth  enthalpy, kJ/kg; `dens` density, kg/m3; `cv`, `cp` heat capacities, kJ/(kg K);
+///              `cond` thermal conductivity, W/(m K); `visc` viscosity, Pa s
+void fittp_(const double* temp, const double* pres, double* enth, double* dens, double* cv,
+            double* cp, double* cond, double* visc);
+}

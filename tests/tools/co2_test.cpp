@@ -128,6 +128,9 @@ TEST_F(Co2, ExitStatusAndMessageTellWhatWentWrong) {
       {"too cold", "td 239 600", 2,
        "error 101: CO2_TD: specified temperature below minimum value of 240 K\n"},
       {"negative temperature is no option", "td -5 600", 2, "error 101"},
+      {"temperature and pressure", "tp 310 8000", 0, ""},
+      {"pressure too low", "tp 310 0.5", 2,
+       "error 203: CO2_TP: specified pressure below minimum value of 1 kPa\n"},
       {"unit behind the number", "td 310K 600", 1, "temp is not a number: '310K'"},
       {"NaN", "td 310 nan", 1, "dens is not a number: 'nan'"},
       {"one input", "td 310", 1, "needs temp and dens"},
@@ -266,6 +269,19 @@ TEST_F(Co2, CycleStatesHaveTheirDesignPressure) {
   }
 }
 
+TEST_F(Co2, TpBringsBackTheDensitiesOfTd) {
+  const Outcome outcome = shell("co2 td --csv - -c pres 2>/dev/null | co2 tp --csv - -c dens",
+                                "temp,dens\n310,600\n280,30\n260,1100\n");
+  EXPECT_EQ(outcome.status, 0);
+  const std::vector<std::string> rows = split(outcome.out, '\n');
+  ASSERT_EQ(rows.size(), 4U);
+  EXPECT_EQ(rows[0], "temp,pres,dens,ierr");
+  const double expected[] = {600.0, 30.0, 1100.0};
+  for (std::size_t i = 0; i < 3; ++i) {
+    EXPECT_NEAR(std::stod(split(rows[i + 1], ',').at(2)), expected[i], 1e-9 * expected[i]);
+  }
+}
+
 TEST_F(Co2, InfoListsTheConstants) {
   const Outcome outcome = shell("co2 info");
   EXPECT_EQ(outcome.status, 0);
@@ -287,7 +303,7 @@ TEST_F(Co2, InfoListsTheConstants) {
 
 TEST_F(Co2, ExamplesOfTheHelpRun) {
   int examples = 0;
-  for (const char* const help : {"co2 --help", "co2 td --help"}) {
+  for (const char* const help : {"co2 --help", "co2 td --help", "co2 tp --help"}) {
     const std::string text = shell(help).out;
     const std::size_t start = text.find("Examples:\n");
     ASSERT_NE(start, std::string::npos);
@@ -299,7 +315,7 @@ TEST_F(Co2, ExamplesOfTheHelpRun) {
       ++examples;
     }
   }
-  EXPECT_EQ(examples, 5);
+  EXPECT_EQ(examples, 9);
 }
 
 }  // namespace

@@ -9,9 +9,11 @@ constexpr const Property& property(const std::string_view name) {
   return properties[find_property(name)];
 }
 
-constexpr std::array<InputPair, 1> pairs = {{
+constexpr std::array<InputPair, 2> pairs = {{
     {"td", "State from temperature and density", property("temp"), property("dens"), &co2_td,
      "310 600"},
+    {"tp", "State from temperature and pressure", property("temp"), property("pres"), &co2_tp,
+     "310 8000"},
 }};
 
 }  // namespace

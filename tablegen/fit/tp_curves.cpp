@@ -1,0 +1,550 @@
+#include "tablegen/fit/tp_curves.hpp"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdio>
+#include <fstream>
+#include <iterator>
+#include <limits>
+#include <stdexcept>
+#include <vector>
+
+#include "api/limits.hpp"
+#include "eos/helmholtz.hpp"
+#include "eos/locate_tp.hpp"
+#include "eos/properties.hpp"
+#include "saturation/sat_density.hpp"
+#include "tablegen/emit/number.hpp"
+#include "tablegen/emit/source.hpp"
+#include "tablegen/fit/least_squares.hpp"
+#include "tablegen/fit/reach.hpp"
+#include "tablegen/tilings/element_tiling.hpp"
+
+namespace co2_properties::tablegen {
+namespace {
+
+/// Part of the input digest: raise it when the fit changes without the elements.
+constexpr const char* fit_version = "tp_curves 1";
+
+/// Distance between curve and edge that a fit may leave, kg/m3: the solver keeps an element up to
+/// 0.01 kg/m3 outside of it.
+constexpr double dens_tolerance = 1e-4;
+/// Relative pressure difference below which the solver takes two states for one: where the isotherm
+/// is so flat that this outweighs `dens_tolerance`, a closer fit means nothing.
+constexpr double pres_resolution = 1e-11;
+/// Curves are fitted up to a little beyond the highest pressure, where no entry compares any more.
+constexpr double pres_end = 1.0001 * pres_max;
+
+/// Temperatures, K, at which supercritical curves may be cut in addition to the edges of the
+/// elements. Near the critical point the pressure along an isochore bends within some hundredths of
+/// a kelvin, and rounding keeps degrees above 3 from following.
+constexpr double supercritical_cuts[] = {304.14, 304.16, 304.2};
+
+constexpr int fit_nodes = 60;
+constexpr int minimax_rounds = 40;
+constexpr int check_count = 400;
+
+std::string format(const char* pattern, const auto... values) {
+  std::array<char, 400> buffer{};
+  std::snprintf(buffer.data(), buffer.size(), pattern, values...);
+  return buffer.data();
+}
+
+/// A density edge within one interval of temperature.
+struct Segment {
+  std::size_t column, row;   ///< the row above the edge
+  double temp_lo, temp_hi;   ///< K
+  std::size_t below, above;  ///< elements on both sides, from 0
+};
+
+/// A stretch of a density edge, in ascending temperature, and its curve.
+struct Curve {
+  double dens;  ///< kg/m3
+  std::vector<Segment> segments;
+  IsochoreCurve stored{};
+  bool known = false;       ///< the polynomial is given, not fitted
+  double dens_error = 0.0;  ///< largest distance of the curve from the edge, kg/m3
+  double error_at = 0.0;    ///< and where, K
+  double pres_error = 0.0;  ///< relative, there
+
+  [[nodiscard]] double temp_lo() const { return segments.front().temp_lo; }
+  [[nodiscard]] double temp_hi() const { return segments.back().temp_hi; }
+};
+
+/// Curves and element lists of one region.
+struct RegionTable {
+  const char* name;
+  Region region;
+  std::vector<double> temp_edges{};  ///< inner break points of temperature, K
+  std::vector<Curve> curves{};
+  std::vector<std::vector<TpRow>> columns{};  ///< one list for each interval of temperature
+};
+
+// ---- Known curves ------------------------------------------------------------------------------
+
+/// A curve of the lowest or the topmost vapour elements whose numbers are given.
+struct KnownCurve {
+  double dens;
+  double temp_lo;
+  double temp_start;
+  std::vector<double> coef;  ///< empty: only the start temperature is given
+};
+
+const KnownCurve* find_known(const Region region, const Curve& curve) {
+  static const std::vector<KnownCurve> vapour_curves = {
+      {15.0, 240.0, 0.0, {-192.9675781479849, 3.793719132589892, -0.001456063367197281}},
+      {30.0, 240.0, 0.0, {-831.2290085287171, 9.969510067660366, -0.006699101388238917}},
+      {15.0, 247.0, 0.0, {-177.8428011026979, 3.671474485988424, -0.00120904645649794}},
+      {30.0,
+       247.0,
+       0.0,
+       {-1455.773947456678, 17.67943077226615, -0.03842206577893682, 4.350467559560977e-5}},
+      {45.0,
+       247.0,
+       248.9114227294922,
+       {-3635.98073953877, 39.19466821004941, -0.0986553029931417, 0.000111314390126785}},
+      {60.0, 257.0, 257.7726745605469, {}},
+      {460.0, 304.11, 304.1279602050781, {-44076.47189713393, 169.1844753180319}},
+  };
+  if (region != Region::vapour) return nullptr;
+  for (const KnownCurve& known : vapour_curves) {
+    if (known.dens == curve.dens && known.temp_lo == curve.temp_lo()) return &known;
+  }
+  return nullptr;
+}
+
+// ---- Geometry ----------------------------------------------------------------------------------
+
+/// Temperatures at which the stack of elements of a region changes, its ends, and the cuts.
+std::vector<double> column_edges(const std::vector<ElementCell>& cells, const Region region) {
+  std::vector<double> edges;
+  for (const ElementCell& c : cells) {
+    if (c.region == region) edges.insert(edges.end(), {c.temp_lo, c.temp_hi});
+  }
+  if (region == Region::supercritical) {
+    edges.insert(edges.end(), std::begin(supercritical_cuts), std::end(supercritical_cuts));
+  }
+  std::sort(edges.begin(), edges.end());
+  edges.erase(std::unique(edges.begin(), edges.end()), edges.end());
+  return edges;
+}
+
+/// Elements of a region at one temperature, from low to high density.
+std::vector<std::size_t> stack_at(const std::vector<ElementCell>& cells, const Region region,
+                                  const double temp) {
+  std::vector<std::size_t> stack;
+  for (std::size_t k = 0; k < cells.size(); ++k) {
+    const ElementCell& c = cells[k];
+    if (c.region == region && c.temp_lo <= temp && temp < c.temp_hi) stack.push_back(k);
+  }
+  std::sort(stack.begin(), stack.end(),
+            [&](const auto a, const auto b) { return cells[a].dens_lo < cells[b].dens_lo; });
+  for (std::size_t k = 1; k < stack.size(); ++k) {
+    if (cells[stack[k - 1]].dens_hi != cells[stack[k]].dens_lo) {
+      throw std::invalid_argument(format("tp_curves: the elements at %g K leave a gap", temp));
+    }
+  }
+  return stack;
+}
+
+/// One column for each interval of temperature. A curve goes on from column to column as long as an
+/// element on either side of it does: so far one polynomial describes the pressure along the edge.
+void lay_out(const std::vector<ElementCell>& cells, RegionTable& table) {
+  const std::vector<double> edges = column_edges(cells, table.region);
+  table.temp_edges.assign(edges.begin() + 1, edges.end() - 1);
+  for (std::size_t i = 0; i + 1 < edges.size(); ++i) {
+    const std::vector<std::size_t> stack = stack_at(cells, table.region, edges[i]);
+    std::vector<TpRow> column;
+    for (std::size_t k = 0; k < stack.size(); ++k) {
+      column.push_back({static_cast<std::uint16_t>(stack[k] + 1), 0});
+      if (k == 0) continue;
+      const Segment segment = {i, k, edges[i], edges[i + 1], stack[k - 1], stack[k]};
+      const double dens = cells[stack[k]].dens_lo;
+      const auto continued =
+          std::find_if(table.curves.begin(), table.curves.end(), [&](const Curve& c) {
+            const Segment& last = c.segments.back();
+            return c.dens == dens && last.column + 1 == i &&
+                   (last.below == segment.below || last.above == segment.above);
+          });
+      if (continued == table.curves.end()) {
+        table.curves.push_back({dens, {segment}});
+      } else {
+        continued->segments.push_back(segment);
+      }
+    }
+    table.columns.push_back(column);
+  }
+}
+
+/// Temperature at which the isochore meets the saturation line of the library, in single precision
+/// and rounded down: just below it the isochore lies on the far side of saturation and consulting
+/// its curve does no harm, while leaving it out just above would. 0 if there is none in the range.
+double start_temperature(const Region region, const double dens) {
+  const auto single_phase = [&](const double temp) {
+    return region == Region::vapour ? dens <= calc_sat_vap_dens(temp)
+                                    : dens >= calc_sat_liq_dens(temp);
+  };
+  double lo = temp_min;
+  double hi = t_crit;
+  if (region == Region::supercritical || single_phase(lo)) return 0.0;
+  for (double mid = (lo + hi) / 2.0; lo < mid && mid < hi; mid = (lo + hi) / 2.0) {
+    (single_phase(mid) ? hi : lo) = mid;
+  }
+  const auto rounded = static_cast<float>(hi);
+  return rounded > hi ? std::nextafter(rounded, 0.0F) : rounded;
+}
+
+// ---- Fit ---------------------------------------------------------------------------------------
+
+/// Pressure on a density edge, kPa, and how far a pressure difference moves a state there.
+struct EdgeState {
+  double pres;
+  double dens_per_pres;  ///< kg/m3 per kPa
+};
+
+EdgeState edge_state(const std::vector<Element>& elements, const Curve& curve, const double temp) {
+  const auto segment = std::find_if(curve.segments.begin(), curve.segments.end() - 1,
+                                    [&](const Segment& s) { return temp < s.temp_hi; });
+  const auto at = [&](const std::size_t e) {
+    return evaluate(elements[e], temp, curve.dens, std::log(curve.dens));
+  };
+  const HelmholtzDerivatives below = at(segment->below);
+  const HelmholtzDerivatives above = at(segment->above);
+  const double pres = (pressure(below, curve.dens) + pressure(above, curve.dens)) / 2.0;
+  const double slope = std::min(dpdd(below, curve.dens), dpdd(above, curve.dens));
+  return {pres, 1.0 / std::max(slope, pres_resolution * pres / dens_tolerance)};
+}
+
+/// Temperatures at which the curve decides between states: above its start, up to the highest
+/// pressure.
+struct Span {
+  double lo, hi;
+};
+
+Span active_span(const std::vector<Element>& elements, const Curve& curve) {
+  Span span = {std::max(curve.temp_lo(), curve.stored.temp_start), curve.temp_hi()};
+  if (!(span.lo < span.hi)) {
+    throw std::invalid_argument(format("tp_curves: %g kg/m3 is two-phase all over %g..%g K",
+                                       curve.dens, curve.temp_lo(), curve.temp_hi()));
+  }
+  const auto beyond = [&](const double temp) {
+    return edge_state(elements, curve, temp).pres > pres_end;
+  };
+  if (!beyond(span.hi)) return span;
+  double lo = span.lo;
+  for (double mid = (lo + span.hi) / 2.0; lo < mid && mid < span.hi; mid = (lo + span.hi) / 2.0) {
+    (beyond(mid) ? span.hi : lo) = mid;
+  }
+  return span;
+}
+
+/// Coefficients of the powers of T from those of the Chebyshev polynomials over the span.
+void to_powers(const Vector& chebyshev, const Span& span, IsochoreCurve& curve) {
+  using Powers = std::array<Real, curve_terms>;
+  const Real scale = 2.0L / (static_cast<Real>(span.hi) - span.lo);
+  const Real shift = -1.0L - scale * span.lo;  // the argument is scale T + shift
+  Powers before{};
+  Powers now = {1.0L};
+  Powers sum{};
+  for (Eigen::Index n = 0; n < chebyshev.size(); ++n) {
+    const Real factor = n == 0 ? 1.0L : 2.0L;
+    Powers next{};
+    for (std::size_t k = 0; k < sum.size(); ++k) {
+      sum[k] += chebyshev(n) * now[k];
+      next[k] = factor * (shift * now[k] + (k > 0 ? scale * now[k - 1] : 0.0L)) - before[k];
+    }
+    before = now;
+    now = next;
+  }
+  curve.degree = static_cast<std::int32_t>(chebyshev.size()) - 1;
+  std::transform(sum.begin(), sum.end(), curve.coef,
+                 [](const Real c) { return static_cast<double>(c); });
+}
+
+/// The polynomial of one degree that comes closest to the edge.
+void fit(const std::vector<Element>& elements, const Span& span, const std::int32_t degree,
+         Curve& curve) {
+  LeastSquaresProblem problem;
+  problem.main = {Matrix::Zero(fit_nodes, degree + 1), Vector::Zero(fit_nodes)};
+  const std::vector<Real> nodes = chebyshev_nodes(fit_nodes);
+  const Real width = static_cast<Real>(span.hi) - span.lo;
+  for (Eigen::Index i = 0; i < fit_nodes; ++i) {
+    const auto temp = static_cast<double>(span.lo + width * nodes[static_cast<std::size_t>(i)]);
+    const EdgeState edge = edge_state(elements, curve, temp);
+    const Real angle = std::acos(std::clamp(2.0L * (temp - span.lo) / width - 1.0L, -1.0L, 1.0L));
+    for (Eigen::Index n = 0; n <= degree; ++n) {
+      problem.main.a(i, n) = edge.dens_per_pres * std::cos(angle * static_cast<Real>(n));
+    }
+    problem.main.b(i) = static_cast<Real>(edge.dens_per_pres) * edge.pres;
+  }
+  to_powers(solve_minimax(problem, minimax_rounds), span, curve.stored);
+}
+
+/// Fills in the errors of the stored curve, in the arithmetic of the library.
+void measure(const std::vector<Element>& elements, const Span& span, Curve& curve) {
+  curve.dens_error = 0.0;
+  for (int i = 0; i <= check_count; ++i) {
+    const double temp = span.lo + (span.hi - span.lo) * i / check_count;
+    const EdgeState edge = edge_state(elements, curve, temp);
+    const double off = std::abs(evaluate_curve(curve.stored, temp) - edge.pres);
+    if (off * edge.dens_per_pres <= curve.dens_error) continue;
+    curve.dens_error = off * edge.dens_per_pres;
+    curve.error_at = temp;
+    curve.pres_error = off / edge.pres;
+  }
+}
+
+/// Whether the curve stays above the highest pressure where its edge does.
+bool stays_above(const Span& span, const Curve& curve) {
+  for (int i = 1; i <= check_count; ++i) {
+    const double temp = span.hi + (curve.temp_hi() - span.hi) * i / check_count;
+    if (temp > span.hi && !(evaluate_curve(curve.stored, temp) > pres_max)) return false;
+  }
+  return true;
+}
+
+/// Takes the known polynomial, or fits the lowest degree that is good enough, or else the best.
+void complete(const std::vector<Element>& elements, const Region region, Curve& curve) {
+  const double start = start_temperature(region, curve.dens);
+  curve.stored.temp_start = start > curve.temp_lo() ? start : 0.0;
+  const KnownCurve* const known = find_known(region, curve);
+  if (known != nullptr) curve.stored.temp_start = known->temp_start;
+  const Span span = active_span(elements, curve);
+  if (known != nullptr && !known->coef.empty()) {
+    curve.known = true;
+    curve.stored.degree = static_cast<std::int32_t>(known->coef.size()) - 1;
+    std::copy(known->coef.begin(), known->coef.end(), curve.stored.coef);
+    measure(elements, span, curve);
+    return;
+  }
+  Curve best = curve;
+  best.dens_error = std::numeric_limits<double>::infinity();
+  for (std::int32_t degree = 1; degree < curve_terms && best.dens_error > dens_tolerance;
+       ++degree) {
+    fit(elements, span, degree, curve);
+    measure(elements, span, curve);
+    if (curve.dens_error < best.dens_error && stays_above(span, curve)) best = curve;
+  }
+  if (best.stored.degree == 0) {
+    throw std::runtime_error(format("tp_curves: no curve for %g kg/m3 at %g..%g K", curve.dens,
+                                    curve.temp_lo(), curve.temp_hi()));
+  }
+  curve = best;
+}
+
+RegionTable make_region(const std::vector<ElementCell>& cells, const std::vector<Element>& elements,
+                        const char* name, const Region region) {
+  RegionTable table{name, region};
+  lay_out(cells, table);
+  std::vector<Curve> curves;
+  for (Curve& curve : table.curves) {
+    complete(elements, region, curve);
+    if (curve.known || curve.dens_error <= dens_tolerance || curve.segments.size() == 1) {
+      curves.push_back(curve);
+      continue;
+    }
+    // Not good enough: one curve for each column.
+    for (const Segment& segment : curve.segments) {
+      Curve& piece = curves.emplace_back();
+      piece.dens = curve.dens;
+      piece.segments = {segment};
+      complete(elements, region, piece);
+    }
+  }
+  table.curves = std::move(curves);
+  for (std::size_t c = 0; c < table.curves.size(); ++c) {
+    for (const Segment& s : table.curves[c].segments) {
+      table.columns[s.column][s.row].curve = static_cast<std::uint16_t>(c);
+    }
+  }
+  return table;
+}
+
+// ---- Source ------------------------------------------------------------------------------------
+
+std::string curve_record(const std::size_t index, const Curve& curve) {
+  std::string text = format(
+      "  // %zu: %s kg/m3, %s..%s K, %serror %.0e kg/m3\n", index,
+      decimal_literal(curve.dens).c_str(), decimal_literal(curve.temp_lo()).c_str(),
+      decimal_literal(curve.temp_hi()).c_str(), curve.known ? "known, " : "", curve.dens_error);
+  text += "  {" + decimal_literal(curve.stored.temp_start) + ", " +
+          std::to_string(curve.stored.degree) + ", {";
+  for (const double& c : curve.stored.coef) {
+    text +=
+        (&c == curve.stored.coef ? "" : ", ") + (curve.known ? decimal_literal(c) : hex_literal(c));
+  }
+  return text + "}},\n";
+}
+
+std::string region_source(const RegionTable& table) {
+  const std::string prefix = table.name;
+  std::vector<std::string> edges;
+  for (const double edge : table.temp_edges) edges.push_back(decimal_literal(edge));
+  std::vector<std::string> first = {"0"};
+  std::string rows;
+  std::size_t count = 0;
+  for (const std::vector<TpRow>& column : table.columns) {
+    std::vector<std::string> items;
+    for (const TpRow& row : column) items.push_back(format("{%u, %u}", row.element, row.curve));
+    rows += wrapped_list(items);
+    count += column.size();
+    first.push_back(std::to_string(count));
+  }
+  std::string text =
+      "\nnamespace {\n\n" + array_definition("double", prefix + "_temp_edges", edges) +
+      array_definition("std::uint16_t", prefix + "_first", first) + "constexpr TpRow " + prefix +
+      "_rows[] = {\n" + rows + "};\nconstexpr IsochoreCurve " + prefix + "_curves[] = {\n";
+  for (std::size_t k = 0; k < table.curves.size(); ++k) text += curve_record(k, table.curves[k]);
+  return text + "};\n\n}  // namespace\n\nconstexpr TpMap " + prefix + "_tp_map = {{" + prefix +
+         "_temp_edges, " + std::to_string(edges.size()) + "}, " + prefix + "_first, " + prefix +
+         "_rows, " + prefix + "_curves};\n";
+}
+
+std::string worst_error(const RegionTable& table) {
+  const auto worst =
+      std::max_element(table.curves.begin(), table.curves.end(),
+                       [](const Curve& a, const Curve& b) { return a.dens_error < b.dens_error; });
+  return format(
+      "Largest distance between curve and edge, %s: %.1e kg/m3 or %.0e of the pressure "
+      "(%g kg/m3, %.8g K).",
+      table.name, worst->dens_error, worst->pres_error, worst->dens, worst->error_at);
+}
+
+std::string report(const RegionTable& table) {
+  std::string text = std::string("tp_curves, ") + table.name +
+                     ": edge, temperatures, start, degree, distance from the edge\n";
+  std::array<std::size_t, curve_terms> degrees{};
+  std::size_t rows = 0;
+  for (const auto& column : table.columns) rows += column.size();
+  for (const Curve& c : table.curves) {
+    ++degrees[static_cast<std::size_t>(c.stored.degree)];
+    text += format("%8.2f kg/m3 %9.4f..%9.4f K  %.13g  %d%s  %.1e kg/m3 at %.6f K\n", c.dens,
+                   c.temp_lo(), c.temp_hi(), c.stored.temp_start, c.stored.degree,
+                   c.known ? " known" : "", c.dens_error, c.error_at);
+  }
+  return text + format("%zu curves (of degree 1..5: %zu %zu %zu %zu %zu), %zu columns, %zu rows\n",
+                       table.curves.size(), degrees[1], degrees[2], degrees[3], degrees[4],
+                       degrees[5], table.columns.size(), rows);
+}
+
+/// Largest distance between the curves of two generations, kg/m3. Everything but the coefficients
+/// has to be the same.
+Difference compare(const std::vector<RegionTable>& tables, const std::vector<Element>& elements,
+                   const std::string& source, const std::string_view other) {
+  Difference d{0.0, 2.0 * dens_tolerance, "distance between curves, kg/m3"};
+  const Difference unlike{std::numeric_limits<double>::infinity(), d.allowed,
+                          "a text of another shape"};
+  const std::vector<double> mine = numbers_in(source);
+  const std::vector<double> theirs = numbers_in(other);
+  if (mine.size() != theirs.size()) return unlike;
+  std::size_t at = 0;
+  for (const RegionTable& table : tables) {
+    std::size_t layout = 2 * table.temp_edges.size() + 2;  // edges, first
+    for (const auto& column : table.columns) layout += 2 * column.size();
+    if (!std::equal(mine.begin() + static_cast<std::ptrdiff_t>(at),
+                    mine.begin() + static_cast<std::ptrdiff_t>(at + layout),
+                    theirs.begin() + static_cast<std::ptrdiff_t>(at))) {
+      return unlike;
+    }
+    at += layout;
+    for (const Curve& curve : table.curves) {
+      IsochoreCurve their{theirs[at], static_cast<std::int32_t>(theirs[at + 1]), {}};
+      if (their.temp_start != curve.stored.temp_start || their.degree < 1 ||
+          their.degree >= curve_terms) {
+        return unlike;
+      }
+      std::copy_n(theirs.begin() + static_cast<std::ptrdiff_t>(at + 2), curve_terms, their.coef);
+      at += 2 + curve_terms;
+      const Span span = active_span(elements, curve);
+      for (int i = 0; i <= check_count; ++i) {
+        const double temp = span.lo + (span.hi - span.lo) * i / check_count;
+        const double off = evaluate_curve(their, temp) - evaluate_curve(curve.stored, temp);
+        const double size = std::abs(off) * edge_state(elements, curve, temp).dens_per_pres;
+        if (size <= d.size) continue;
+        d.size = size;
+        d.where = format("%s, %g kg/m3 at %g K: kg/m3", table.name, curve.dens, temp);
+      }
+    }
+    at += 1;  // the number of temperature edges in the map
+  }
+  return d;
+}
+
+/// The records of an element table that belongs to the tiling.
+std::vector<Element> elements_in(const std::string_view source,
+                                 const std::vector<ElementCell>& cells) {
+  constexpr std::size_t numbers = sizeof(Element) / sizeof(double);
+  const std::vector<double> values = numbers_in(source);
+  if (values.size() < numbers * element_count) {
+    throw std::invalid_argument("tp_curves: the element table is missing or incomplete");
+  }
+  std::vector<Element> elements(element_count);
+  const double* v = values.data();
+  for (Element& e : elements) {
+    e = {v[0], v[1], v[2], v[3], {}};
+    v += 4;
+    for (auto& row : e.coef) {
+      std::copy_n(v, dens_terms, row);
+      v += dens_terms;
+    }
+  }
+  if (!std::equal(elements.begin(), elements.end(), cells.begin(), cells.end(),
+                  [](const Element& e, const ElementCell& c) {
+                    return e.dens0 == c.dens_lo && e.temp0 == c.temp_lo;
+                  })) {
+    throw std::invalid_argument("tp_curves: the element table is not that of the tiling");
+  }
+  return elements;
+}
+
+std::string read_file(const std::string& path) {
+  std::ifstream stream(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+Generated generate() {
+  const std::string source = read_file(TABLEGEN_SOURCE_DIR "/eos/tables/elements.cpp");
+  const std::vector<ElementCell> cells =
+      parse_element_tiling(read_file(TABLEGEN_TILINGS_DIR "/elements.txt"));
+  const std::vector<Element> elements = elements_in(source, cells);
+  const std::vector<RegionTable> tables = {
+      make_region(cells, elements, "vapour", Region::vapour),
+      make_region(cells, elements, "liquid", Region::liquid),
+      make_region(cells, elements, "supercritical", Region::supercritical)};
+
+  Provenance provenance;
+  provenance.table = "tp_curves";
+  provenance.content = {
+      "Curves p(T), kPa and K, along the density edges of the elements, and the elements between",
+      "them: src/eos/locate_tp.hpp."};
+  provenance.fitted_to = "the pressure of the elements in src/eos/tables/elements.cpp.";
+  provenance.tiling = "tablegen/tilings/elements.txt";
+  provenance.digest = tp_curves_digest(source);
+
+  Generated g;
+  for (const RegionTable& table : tables) {
+    provenance.errors.push_back(worst_error(table));
+    g.report += report(table);
+    if (!g.summary.empty()) g.summary += ' ';
+    g.summary += provenance.errors.back();
+  }
+  g.source = header_comment(provenance) + "\n#include \"eos/locate_tp.hpp\"\n\n" +
+             "namespace co2_properties {\n";
+  for (const RegionTable& table : tables) g.source += region_source(table);
+  g.source += "\n}  // namespace co2_properties\n";
+  g.difference = [tables, elements, text = g.source](const std::string_view other) {
+    return compare(tables, elements, text, other);
+  };
+  return g;
+}
+
+}  // namespace
+
+std::string tp_curves_digest(const std::string_view elements_source) {
+  return input_digest({std::string(elements_source), fit_version});
+}
+
+Table tp_curves_table() { return {"tp_curves", "eos/tables/tp_curves.cpp", generate}; }
+
+}  // namespace co2_properties::tablegen
