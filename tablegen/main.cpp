@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "tablegen/emit/inverse_table.hpp"
 #include "tablegen/emit/table.hpp"
 #include "tablegen/fit/element_table.hpp"
 #include "tablegen/fit/tp_curves.hpp"
@@ -22,8 +23,10 @@ using co2_properties::tablegen::Table;
 
 /// Every table, in the order of `tablegen all`.
 std::vector<Table> registry() {
-  return {co2_properties::tablegen::elements_table(),
-          co2_properties::tablegen::tp_curves_table()};  // reads the element table
+  std::vector<Table> tables = {co2_properties::tablegen::elements_table(),
+                               co2_properties::tablegen::tp_curves_table()};  // reads the first
+  for (Table& table : co2_properties::tablegen::inverse_tables()) tables.push_back(std::move(table));
+  return tables;
 }
 
 std::string read_file(const std::filesystem::path& path) {

@@ -1,0 +1,262 @@
+#include "tablegen/emit/inverse_table.hpp"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdio>
+#include <limits>
+#include <numeric>
+
+#include "tablegen/emit/number.hpp"
+#include "tablegen/emit/source.hpp"
+
+namespace co2_properties::tablegen {
+namespace {
+
+/// Part of the digest: to be raised with any change of the reference or of the fit that moves
+/// values.
+constexpr const char* method = "inverse fit 1";
+
+constexpr int fit_nodes = 14;
+constexpr int check_count = 9;
+
+using Kind = ServedStates::Kind;
+
+/// How far a stored cell is from the reference, at states that its fit did not use.
+struct CellErrors {
+  Kind kind;
+  Real worst = 0.0L;  ///< relative
+  Real mean_square = 0.0L;
+  InverseState where{};
+};
+
+/// Lists and errors are in the order of the tiling; what people read counts its cells from 1.
+struct FittedTable {
+  InverseTableDesign design;
+  InverseTiling tiling;
+  std::vector<InverseCell> cells;
+  std::vector<CellErrors> errors;
+};
+
+template <class... Values>
+std::string format(const char* pattern, const Values... values) {
+  std::array<char, 240> buffer{};
+  std::snprintf(buffer.data(), buffer.size(), pattern, values...);
+  return buffer.data();
+}
+
+const char* symbol(const Caloric caloric) { return caloric == Caloric::enthalpy ? "h" : "s"; }
+
+std::string range_text(const double lo, const double hi) {
+  if (lo == -open_side) return "below " + decimal_literal(hi);
+  if (hi == open_side) return "from " + decimal_literal(lo);
+  return decimal_literal(lo) + " to " + decimal_literal(hi);
+}
+
+std::string box_text(const InverseTableDesign& design, const Box& box) {
+  return "p " + range_text(box.x_lo, box.x_hi) + ", " + symbol(design.caloric) + " " +
+         range_text(box.y_lo, box.y_hi);
+}
+
+/// What a cell without stable states is fitted to.
+const char* kind_text(const Kind kind) {
+  if (kind == Kind::superheated_liquid) return " of superheated liquid";
+  return kind == Kind::two_phase ? " of two-phase mixtures" : "";
+}
+
+InverseCell fit(const InverseTableDesign& design, const InverseTilingCell& cell) {
+  const auto served = served_states(design.caloric, cell.box, chebyshev_nodes(fit_nodes));
+  InverseCell fitted = fit_inverse_cell(design.caloric, design.estimate, cell, served);
+  if (cell.given) {
+    for (std::size_t k = 0; k < cell.given->size(); ++k) {
+      std::copy((*cell.given)[k].begin(), (*cell.given)[k].end(), fitted.coef[k]);
+    }
+  }
+  return fitted;
+}
+
+CellErrors measure(const InverseTableDesign& design, const Box& box, const InverseCell& cell) {
+  const auto served = served_states(design.caloric, box, check_nodes(check_count));
+  CellErrors errors{served.kind};
+  for (const InverseState& state : served.states) {
+    const Real value = evaluate(design.caloric, cell, static_cast<double>(state.pres),
+                                static_cast<double>(state.caloric));
+    const Real error = std::fabs(value / estimated(design.estimate, state) - 1.0L);
+    errors.mean_square += error * error / static_cast<Real>(served.states.size());
+    if (!(error <= errors.worst)) {
+      errors.worst = error;
+      errors.where = state;
+    }
+  }
+  return errors;
+}
+
+FittedTable fit_table(const InverseTableDesign& design, const std::string& tiling) {
+  FittedTable table{design, read_inverse_tiling(tiling), {}, {}};
+  for (const InverseTilingCell& cell : table.tiling) {
+    table.cells.push_back(fit(design, cell));
+    table.errors.push_back(measure(design, cell.box, table.cells.back()));
+  }
+  return table;
+}
+
+/// Cells by falling error, those with stable states first.
+std::vector<std::size_t> worst_first(const FittedTable& table) {
+  std::vector<std::size_t> order(table.cells.size());
+  std::iota(order.begin(), order.end(), std::size_t{0});
+  std::stable_sort(order.begin(), order.end(), [&table](const auto a, const auto b) {
+    const auto rank = [&table](const std::size_t k) {
+      return table.errors[k].kind == Kind::stable ? table.errors[k].worst : -1.0L;
+    };
+    return rank(a) > rank(b);
+  });
+  return order;
+}
+
+std::vector<std::string> error_lines(const FittedTable& table) {
+  const std::size_t worst = worst_first(table).front();
+  Real mean_square = 0.0L;
+  for (const CellErrors& errors : table.errors) {
+    if (errors.kind == Kind::stable) {
+      mean_square += errors.mean_square / static_cast<Real>(table.errors.size());
+    }
+  }
+  return {format("Worst relative fit error: %.1Le (cell %zu), root mean square %.1Le.",
+                 table.errors[worst].worst, worst + 1, std::sqrt(mean_square))};
+}
+
+std::string record(const FittedTable& table, const std::size_t k) {
+  const InverseCell& cell = table.cells[k];
+  const CellErrors& errors = table.errors[k];
+  std::string text = format("  // %zu: ", k + 1) + box_text(table.design, table.tiling[k].box) +
+                     format(": %.1Le", errors.worst) + kind_text(errors.kind) +
+                     (table.tiling[k].given ? ", given" : "") + "\n";
+  text += "  {" + decimal_literal(cell.pres0) + ", " + decimal_literal(cell.caloric0) + ", {\n";
+  for (const auto& row : cell.coef) {
+    std::string items;
+    for (const double a : row) items += (items.empty() ? "" : ", ") + hex_literal(a);
+    text += "    {" + items + "},\n";
+  }
+  return text + "  }, " + std::to_string(cell.saturation_check) + "},\n";
+}
+
+std::vector<std::string> content_lines(const FittedTable& table) {
+  const InverseTableDesign& design = table.design;
+  const std::string what =
+      design.estimate == Estimate::temperature ? "temperature, K," : "density, kg/m3,";
+  const std::string from = design.caloric == Caloric::enthalpy ? "h (kJ/kg)" : "s (kJ/(kg K))";
+  return {
+      "Start values of " + what + " in " + std::to_string(table.cells.size()) +
+          " cells over p (kPa) and " + from + ";",
+      "record and evaluation: src/solvers/inverse_cell.hpp. Records are numbered as in the tiling,",
+      "from 1, with their relative fit errors."};
+}
+
+std::string source_text(const FittedTable& table, const std::string& tiling) {
+  const std::string& name = table.design.name;
+  const CellGrid grid = inverse_grid(table.tiling);
+  std::string text = header_comment(
+      {name, content_lines(table), "Span & Wagner, J. Phys. Chem. Ref. Data 25 (1996) 1509.",
+       "tablegen/tilings/" + name + ".txt", inverse_digest(tiling), error_lines(table)});
+  text += "\n#include \"solvers/inverse_cell.hpp\"\n\nnamespace co2_properties {\nnamespace {\n\n";
+  text += grid_arrays(name, grid) + "\nconstexpr InverseCell " + name + "_list[] = {\n";
+  for (std::size_t k = 0; k < table.cells.size(); ++k) text += record(table, k);
+  text += "};\n\n}  // namespace\n\nconstexpr InverseFit " + name + "_fit = {" +
+          grid_initialiser(name, grid) + ", " + name + "_list};\n\n";
+  return text + "}  // namespace co2_properties\n";
+}
+
+std::string report_text(const FittedTable& table) {
+  std::string text = table.design.name + "\ncell  worst    rms      worst at (p, " +
+                     symbol(table.design.caloric) + ")\n";
+  for (const std::size_t k : worst_first(table)) {
+    const CellErrors& e = table.errors[k];
+    text += format("%4zu  %.1Le  %.1Le  (%.5Lf, %.6Lf)  ", k + 1, e.worst, std::sqrt(e.mean_square),
+                   e.where.pres, e.where.caloric) +
+            box_text(table.design, table.tiling[k].box) + kind_text(e.kind) +
+            (table.tiling[k].given ? ", given" : "") + "\n";
+  }
+  return text + "\n";
+}
+
+/// The cells of a source written by source_text; empty if it is not one for this tiling.
+std::vector<InverseCell> cells_in(const std::string_view source, const InverseTiling& tiling) {
+  constexpr std::size_t coefficients = inverse_terms * inverse_terms;
+  constexpr std::size_t length = 3 + coefficients;
+  const CellGrid grid = inverse_grid(tiling);
+  const std::size_t first = grid.x.size() + grid.y.size() + grid.cell.size();
+  const std::vector<double> numbers = numbers_in(source);
+  std::vector<InverseCell> cells;
+  if (numbers.size() < first + length * tiling.size()) return cells;
+  const double* at = numbers.data() + first;
+  for (const InverseTilingCell& design : tiling) {
+    InverseCell cell{at[0], at[1], {}, static_cast<std::int32_t>(at[length - 1])};
+    if (cell.pres0 != design.pres0 || cell.caloric0 != design.caloric0 ||
+        cell.saturation_check != design.saturation_check) {
+      return {};
+    }
+    std::copy(at + 2, at + 2 + coefficients, &cell.coef[0][0]);
+    cells.push_back(cell);
+    at += length;
+  }
+  return cells;
+}
+
+/// Largest relative difference of value between two generations, at the states that the cells
+/// serve.
+Difference compare(const FittedTable& table, const std::string_view other) {
+  const std::vector<InverseCell> cells = cells_in(other, table.tiling);
+  // Rounding moves values by some 1e-16 times what the stored powers of an offset lose in
+  // cancelling; the estimates themselves are good to 1e-4.
+  Difference difference{0.0, 1e-9, "no cell differs"};
+  if (cells.empty()) return {std::numeric_limits<double>::infinity(), 0.0, "other tiling"};
+  const auto& [name, caloric, estimate] = table.design;
+  for (std::size_t k = 0; k < cells.size(); ++k) {
+    const auto served = served_states(caloric, table.tiling[k].box, check_nodes(check_count));
+    for (const InverseState& state : served.states) {
+      const auto pres = static_cast<double>(state.pres);
+      const auto value = static_cast<double>(state.caloric);
+      const double mine = evaluate(caloric, table.cells[k], pres, value);
+      const double size = std::abs(evaluate(caloric, cells[k], pres, value) / mine - 1.0);
+      if (!(size <= difference.size)) {
+        difference.size = size;
+        difference.where = format("relative, cell %zu at %.6g kPa and %.8g", k + 1, pres, value);
+      }
+    }
+  }
+  return difference;
+}
+
+Generated generate(const InverseTableDesign& design) {
+  const std::string tiling = inverse_tiling_text(design.name);
+  const FittedTable table = fit_table(design, tiling);
+  return {source_text(table, tiling), report_text(table), error_lines(table).front(),
+          [table](const std::string_view other) { return compare(table, other); }};
+}
+
+}  // namespace
+
+const std::vector<InverseTableDesign>& inverse_table_designs() {
+  static const std::vector<InverseTableDesign> designs = {
+      {"temp_from_hp", Caloric::enthalpy, Estimate::temperature},
+      {"dens_from_hp", Caloric::enthalpy, Estimate::density},
+      {"temp_from_sp", Caloric::entropy, Estimate::temperature},
+      {"dens_from_sp", Caloric::entropy, Estimate::density},
+  };
+  return designs;
+}
+
+std::string inverse_digest(const std::string& tiling_text) {
+  return input_digest({method, tiling_text});
+}
+
+std::vector<Table> inverse_tables() {
+  std::vector<Table> tables;
+  for (const InverseTableDesign& design : inverse_table_designs()) {
+    tables.push_back({design.name, "solvers/tables/" + design.name + ".cpp",
+                      [&design] { return generate(design); }});
+  }
+  return tables;
+}
+
+}  // namespace co2_properties::tablegen
