@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "tablegen/emit/inverse_table.hpp"
+#include "tablegen/emit/patch_table.hpp"
 #include "tablegen/emit/table.hpp"
 #include "tablegen/fit/element_table.hpp"
 #include "tablegen/fit/tp_curves.hpp"
@@ -23,9 +24,12 @@ using co2_properties::tablegen::Table;
 
 /// Every table, in the order of `tablegen all`.
 std::vector<Table> registry() {
-  std::vector<Table> tables = {co2_properties::tablegen::elements_table(),
-                               co2_properties::tablegen::tp_curves_table()};  // reads the first
-  for (Table& table : co2_properties::tablegen::inverse_tables()) tables.push_back(std::move(table));
+  std::vector<Table> tables = co2_properties::tablegen::patch_tables();
+  tables.push_back(co2_properties::tablegen::elements_table());
+  tables.push_back(co2_properties::tablegen::tp_curves_table());  // reads the element table
+  for (Table& table : co2_properties::tablegen::inverse_tables()) {
+    tables.push_back(std::move(table));
+  }
   return tables;
 }
 

@@ -16,9 +16,10 @@ inline constexpr std::int32_t patch_terms = 6;
 struct Patch {
   double temp0;
   double dens0;
-  double coef[patch_terms]
-             [patch_terms];  ///< coef[k][j]: power 5 - k of T - temp0, j of rho - dens0
+  /// coef[k][j] belongs to power 5 - k of T - temp0 and power j of rho - dens0.
+  double coef[patch_terms][patch_terms];
 };
+static_assert(sizeof(Patch) == 38 * sizeof(double), "a record is its numbers without padding");
 
 /// A derived-property fit: the tiling (x temperature, y density) and its patches. Cell values count
 /// the patches from 0.

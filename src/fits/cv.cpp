@@ -1,0 +1,11 @@
+#include "fits/cv.hpp"
+
+#include "fits/patch.hpp"
+
+namespace co2_properties {
+
+void calculate_cv(const double& dens, const double& temp, double& cv) noexcept {
+  cv = evaluate_fit(cv_fit, temp, dens);
+}
+
+}  // namespace co2_properties
