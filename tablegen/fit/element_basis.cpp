@@ -121,6 +121,20 @@ Vector ElementBasis::row(const Form& form, const Real temp, const Real dens) con
   return row;
 }
 
+std::array<Real, 6> ElementBasis::temperature_derivative_terms() const {
+  const Real width = 2.0L * temp_half_;
+  const auto power = chebyshev_powers(width);
+  std::array<Real, 6> terms{};
+  for (std::size_t n = 0; n < terms.size(); ++n) {
+    Real scale = 1.0L;
+    for (std::size_t k = 1; k < power[n].size(); ++k) {
+      terms[n] += static_cast<Real>(k) * std::abs(power[n][k]) * scale;
+      scale *= width;
+    }
+  }
+  return terms;
+}
+
 Element ElementBasis::to_element(const Vector& weights) const {
   const auto temp_power = chebyshev_powers(2.0L * temp_half_);
   const auto dens_power = chebyshev_powers(2.0L * dens_half_);

@@ -40,6 +40,10 @@ class ElementBasis {
   /// Coefficient of ln rho in the last density function.
   [[nodiscard]] Real log_coefficient() const { return 1.0L / log_scale_; }
 
+  /// For each temperature function the sum of the magnitudes of the powers of tau that make up its
+  /// derivative, at the upper edge.
+  [[nodiscard]] std::array<Real, 6> temperature_derivative_terms() const;
+
  private:
   ElementCell cell_;
   Real temp_mid_, temp_half_;

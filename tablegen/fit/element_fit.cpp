@@ -27,10 +27,11 @@ constexpr Real critical_share = 0.01L;
 /// highest pressure: enough to keep the polynomial near the continued equation of state, where
 /// Newton iterates may pass, too little to be felt in the stable part.
 constexpr Real unreachable_weight = 1e-4L;
-/// Largest rounding error of the double evaluation, relative to the pressure: Newton iterations
-/// converge to 1e-11. It limits the coefficients of ln rho, which cancel against the polynomial in
-/// narrow elements.
-constexpr Real rounding_limit = 5e-14L;
+/// Largest rounding errors of the double evaluation, of the pressure (relative) and of the term
+/// T a_T of the enthalpy: Newton iterations converge to 1e-11 of both, and of the entropy. They
+/// limit the coefficients of ln rho, which cancel against the polynomial in narrow elements.
+constexpr Real pres_rounding_limit = 5e-14L;
+constexpr Real enth_rounding_limit = 1e-9L;  // kJ/kg
 
 /// How far beyond the saturated densities of the reference the full weight goes, as a fraction of
 /// the way to the critical density: the library decides with saturated densities of its own.
@@ -105,10 +106,10 @@ bool single_phase(const StatePoint& at) {
 }
 
 bool reachable(const Reach& reach, const StatePoint& at) {
-  for (const DensityRange& range : reach.densities(at.temp)) {
-    if (at.dens >= range.lo && at.dens <= range.hi) return true;
-  }
-  return false;
+  const std::vector<DensityRange> ranges = reach.densities(at.temp);
+  return std::any_of(ranges.begin(), ranges.end(), [&](const DensityRange& range) {
+    return at.dens >= range.lo && at.dens <= range.hi;
+  });
 }
 
 /// The critical point itself has no finite second derivatives.
@@ -245,26 +246,35 @@ Rows ElementFitter::sample_rows(std::vector<StatePoint> points, const Real weigh
 }
 
 void ElementFitter::limit_rounding() {
-  // c_0 / rho is one rounded term of a_rho: its rounding error in p = rho^2 a_rho, relative to p.
+  constexpr Real rounding = 1.1e-16L;
   const Real temp = (static_cast<Real>(cell_.temp_lo) + cell_.temp_hi) / 2.0L;
   const Real dens = (static_cast<Real>(cell_.dens_lo) + cell_.dens_hi) / 2.0L;
   const auto middle = reference::helmholtz<Real>(temp, dens);
-  const Real rounding = 1.1e-16L * basis_.log_coefficient() / (dens * std::abs(middle.a_d));
+  // f / rho is one rounded term of a_rho, f' ln rho one of a_T, where f is the factor of ln rho.
+  // Powers of tau cancel in both; f' has larger ones, by 2 n^2 in the Chebyshev polynomial n.
+  const Real in_pres = rounding * basis_.log_coefficient() / (dens * std::abs(middle.a_d));
+  const Real in_enth = rounding * basis_.log_coefficient() * temp * std::abs(std::log(dens));
+  const auto terms = basis_.temperature_derivative_terms();
+  std::array<Real, temp_terms> share{};  // of the limits, for each temperature function
+  for (std::size_t i = 0; i < share.size(); ++i) {
+    share[i] = std::max(in_pres / pres_rounding_limit, in_enth * terms[i] / enth_rounding_limit);
+  }
   const Eigen::Index first = problem_.soft.b.size();
   problem_.soft.a.conservativeResize(first + temp_terms, element_terms);
   problem_.soft.b.conservativeResize(first + temp_terms);
   problem_.soft.a.bottomRows(temp_terms).setZero();
   problem_.soft.b.tail(temp_terms).setZero();
   // The weight rises until the coefficients that the fit asks for are small enough.
-  for (Real weight = 1.0L / rounding_limit;; weight *= 4.0L) {
+  for (Real weight = 1.0L;; weight *= 4.0L) {
     const Vector x = solve_least_squares(problem_);
     Real sum = 0.0L;
-    for (Eigen::Index i = 0; i < temp_terms; ++i) {
-      const Eigen::Index column = dens_terms * i + dens_terms - 1;
-      sum += rounding * std::abs(x(column));
-      problem_.soft.a(first + i, column) = weight * rounding;
+    for (std::size_t i = 0; i < share.size(); ++i) {
+      const auto k = static_cast<Eigen::Index>(i);
+      const Eigen::Index column = dens_terms * k + dens_terms - 1;
+      sum += share[i] * std::abs(x(column));
+      problem_.soft.a(first + k, column) = weight * share[i];
     }
-    if (sum < rounding_limit) return;
+    if (sum < 1.0L) return;
   }
 }
 
@@ -308,7 +318,7 @@ ElementFitter::Conditions ElementFitter::conditions(const std::optional<EdgeSpan
   const bool at_critical_point =
       cell_.temp_lo == reference::t_crit &&
       (cell_.dens_lo == reference::d_crit || cell_.dens_hi == reference::d_crit);
-  const Eigen::Index on_edges = temp_terms * (lower.has_value() + upper.has_value());
+  const Eigen::Index on_edges = (lower ? temp_terms : 0) + (upper ? temp_terms : 0);
   const Eigen::Index count = on_edges + (at_critical_point ? 1 : 0);
   Conditions c{Matrix::Zero(count, element_terms), Matrix::Zero(count, on_edges),
                Vector::Zero(count)};

@@ -7,6 +7,7 @@
 #include <iterator>
 #include <numeric>
 #include <optional>
+#include <set>
 #include <thread>
 
 #include "eos/helmholtz.hpp"
@@ -19,7 +20,7 @@ namespace {
 
 constexpr const char* tiling_file = "tablegen/tilings/elements.txt";
 /// Part of the input digest: raise it when the fit changes without the tiling.
-constexpr const char* fit_version = "elements 1";
+constexpr const char* fit_version = "elements 2";
 
 /// Residuals below this are as good as zero, in units of the error scales of a fit.
 constexpr Real least_residual = 1e-5L;
@@ -52,44 +53,44 @@ struct SharedEdge {
   std::vector<std::size_t> below, above;
 };
 
+/// Whether `high` sits on top of `low`, over some temperatures at least.
+bool touch(const ElementCell& low, const ElementCell& high) {
+  return low.region == high.region && low.dens_hi == high.dens_lo &&
+         std::min(low.temp_hi, high.temp_hi) > std::max(low.temp_lo, high.temp_lo);
+}
+
+/// Moves to `side` the candidates that touch an element of the other side.
+template <class Touches>
+bool join(std::vector<std::size_t>& side, const std::vector<std::size_t>& other,
+          std::set<std::size_t>& candidates, const Touches& touches) {
+  const std::size_t before = side.size();
+  for (const std::size_t k : candidates) {
+    if (std::any_of(other.begin(), other.end(), [&](auto o) { return touches(k, o); })) {
+      side.push_back(k);
+    }
+  }
+  for (std::size_t n = before; n < side.size(); ++n) candidates.erase(side[n]);
+  return side.size() > before;
+}
+
 /// Groups the elements on both sides of every density edge so that each group can share one
 /// polynomial: two elements belong together if they touch.
 std::vector<SharedEdge> shared_edges(const std::vector<ElementCell>& cells) {
+  const auto low_touches = [&](auto low, auto high) { return touch(cells[low], cells[high]); };
+  const auto high_touches = [&](auto high, auto low) { return touch(cells[low], cells[high]); };
+  std::set<std::size_t> lows;
+  for (std::size_t k = 0; k < cells.size(); ++k) lows.insert(k);
+  std::set<std::size_t> highs = lows;
   std::vector<SharedEdge> edges;
-  const auto touch = [&](const std::size_t a, const std::size_t b) {
-    return cells[a].region == cells[b].region && cells[a].dens_hi == cells[b].dens_lo &&
-           std::min(cells[a].temp_hi, cells[b].temp_hi) >
-               std::max(cells[a].temp_lo, cells[b].temp_lo);
-  };
-  std::vector<char> below_done(cells.size(), 0);
-  std::vector<char> above_done(cells.size(), 0);
-  for (std::size_t start = 0; start < cells.size(); ++start) {
-    if (below_done[start] != 0) continue;
-    SharedEdge edge{cells[start].region, cells[start].dens_hi, 0.0, 0.0, {start}, {}};
-    below_done[start] = 1;
-    // Alternate between the sides until no more elements join.
-    for (std::size_t b = 0, a = 0; b < edge.below.size() || a < edge.above.size();) {
-      if (b < edge.below.size()) {
-        for (std::size_t k = 0; k < cells.size(); ++k) {
-          if (above_done[k] == 0 && touch(edge.below[b], k)) {
-            above_done[k] = 1;
-            edge.above.push_back(k);
-          }
-        }
-        ++b;
-      } else {
-        for (std::size_t k = 0; k < cells.size(); ++k) {
-          if (below_done[k] == 0 && touch(k, edge.above[a])) {
-            below_done[k] = 1;
-            edge.below.push_back(k);
-          }
-        }
-        ++a;
-      }
+  while (!lows.empty()) {
+    const std::size_t start = *lows.begin();
+    lows.erase(start);
+    const ElementCell& first = cells[start];
+    SharedEdge edge{first.region, first.dens_hi, first.temp_lo, first.temp_hi, {start}, {}};
+    while (join(edge.above, edge.below, highs, high_touches) ||
+           join(edge.below, edge.above, lows, low_touches)) {
     }
     if (edge.above.empty()) continue;
-    edge.temp_lo = cells[start].temp_lo;
-    edge.temp_hi = cells[start].temp_hi;
     for (const auto* side : {&edge.below, &edge.above}) {
       for (const std::size_t k : *side) {
         edge.temp_lo = std::min(edge.temp_lo, cells[k].temp_lo);
@@ -107,7 +108,7 @@ struct AtEdges {
 
   /// Coefficients of the lower, then of the upper edge.
   [[nodiscard]] Vector gather(const std::vector<EdgeCoefficients>& polynomials) const {
-    Vector v(temp_terms * (lower.has_value() + upper.has_value()));
+    Vector v((lower ? temp_terms : 0) + (upper ? temp_terms : 0));
     if (lower) v.head(temp_terms) = polynomials[*lower];
     if (upper) v.tail(temp_terms) = polynomials[*upper];
     return v;
@@ -116,6 +117,7 @@ struct AtEdges {
 
 std::vector<EdgeCoefficients> interpolated_edges(const std::vector<SharedEdge>& edges) {
   std::vector<EdgeCoefficients> polynomials;
+  polynomials.reserve(edges.size());
   for (const SharedEdge& edge : edges) {
     polynomials.push_back(interpolate_edge({edge.temp_lo, edge.temp_hi}, edge.dens));
   }

@@ -36,10 +36,12 @@ constexpr double pres_resolution = 1e-11;
 /// Curves are fitted up to a little beyond the highest pressure, where no entry compares any more.
 constexpr double pres_end = 1.0001 * pres_max;
 
-/// Temperatures, K, at which supercritical curves may be cut in addition to the edges of the
-/// elements. Near the critical point the pressure along an isochore bends within some hundredths of
-/// a kelvin, and rounding keeps degrees above 3 from following.
-constexpr double supercritical_cuts[] = {304.14, 304.16, 304.2};
+/// Temperatures, K, at which curves may be cut in addition to the edges of the elements. Towards
+/// the critical temperature the pressure along an isochore bends within ever shorter distances, and
+/// rounding keeps degrees above 3 from following.
+constexpr double cuts_below[] = {304.12, 304.1265};
+constexpr double cuts_above[] = {304.1285, 304.1295, 304.132, 304.136, 304.143,
+                                 304.155,  304.17,   304.19,  304.22};
 
 constexpr int fit_nodes = 60;
 constexpr int minimax_rounds = 40;
@@ -122,9 +124,10 @@ std::vector<double> column_edges(const std::vector<ElementCell>& cells, const Re
   for (const ElementCell& c : cells) {
     if (c.region == region) edges.insert(edges.end(), {c.temp_lo, c.temp_hi});
   }
-  if (region == Region::supercritical) {
-    edges.insert(edges.end(), std::begin(supercritical_cuts), std::end(supercritical_cuts));
-  }
+  const auto insert = [&](const auto& cuts) {
+    edges.insert(edges.end(), std::begin(cuts), std::end(cuts));
+  };
+  region == Region::supercritical ? insert(cuts_above) : insert(cuts_below);
   std::sort(edges.begin(), edges.end());
   edges.erase(std::unique(edges.begin(), edges.end()), edges.end());
   return edges;
@@ -344,12 +347,14 @@ RegionTable make_region(const std::vector<ElementCell>& cells, const std::vector
       curves.push_back(curve);
       continue;
     }
-    // Not good enough: one curve for each column.
+    // Not good enough: one curve for each column, the first one also for those before the start.
+    Curve piece{curve.dens, {}};
     for (const Segment& segment : curve.segments) {
-      Curve& piece = curves.emplace_back();
-      piece.dens = curve.dens;
-      piece.segments = {segment};
+      piece.segments.push_back(segment);
+      if (segment.temp_hi <= curve.stored.temp_start) continue;
       complete(elements, region, piece);
+      curves.push_back(piece);
+      piece = {curve.dens, {}};
     }
   }
   table.curves = std::move(curves);
