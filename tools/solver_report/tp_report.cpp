@@ -102,18 +102,21 @@ struct Tally {
   std::array<Counts, stratum_count> strata{};
   std::array<std::uint64_t, 17> histogram{};
   std::map<std::int32_t, std::uint64_t> failed_elements;
-  Worst dens, off, flat_dens, pres, failed, flipped;
+  std::map<std::int32_t, std::uint64_t> misplaced_elements;  ///< by located element
+  Worst dens, off, flat_dens, pres, failed, flipped, misplaced;
 
   void add(const Tally& t) {
     for (std::size_t s = 0; s < stratum_count; ++s) strata[s].add(t.strata[s]);
     for (std::size_t k = 0; k < histogram.size(); ++k) histogram[k] += t.histogram[k];
     for (const auto& [e, count] : t.failed_elements) failed_elements[e] += count;
+    for (const auto& [e, count] : t.misplaced_elements) misplaced_elements[e] += count;
     dens.add(t.dens);
     off.add(t.off);
     flat_dens.add(t.flat_dens);
     pres.add(t.pres);
     failed.add(t.failed);
     flipped.add(t.flipped);
+    misplaced.add(t.misplaced);
   }
 };
 
@@ -135,14 +138,18 @@ std::int32_t first_element(const double temp, const double pres) {
 bool is_vapour(const std::int32_t e) { return e <= 93; }
 
 /// Counts where the iteration starts and ends.
-void count_iteration(const double temp, const double pres, const std::int32_t first,
-                     const std::size_t stratum, Tally& tally) {
-  const DensitySolution s = solve_density(first, temp, pres);
+void count_iteration(const State& state, const std::int32_t first, const std::size_t stratum,
+                     Tally& tally) {
+  const DensitySolution s = solve_density(first, state.temp, state.pres);
   Counts& counts = tally.strata[stratum];
   counts.evaluations += static_cast<std::uint64_t>(s.evaluations);
   ++tally.histogram[static_cast<std::size_t>(s.evaluations)];
   const Element& e = element(first);
-  if (!keeps_element(s.dens - e.dens0, e.dens_width)) ++counts.misplaced;
+  if (keeps_element(s.dens - e.dens0, e.dens_width)) return;
+  ++counts.misplaced;
+  ++tally.misplaced_elements[first];
+  const double outside = std::max(e.dens0 - s.dens, s.dens - e.dens0 - e.dens_width);
+  tally.misplaced.note({outside, state, s.dens, s.element, first, stratum});
 }
 
 void round_trip(const State& state, const std::size_t stratum, Tally& tally) {
@@ -168,7 +175,7 @@ void round_trip(const State& state, const std::size_t stratum, Tally& tally) {
     ++(ierr == status::tp_not_converged ? counts.not_converged : counts.other_codes);
     return;
   }
-  count_iteration(state.temp, state.pres, first, stratum, tally);
+  count_iteration(state, first, stratum, tally);
   Case by_pressure = found;
   by_pressure.size = std::abs(pres / state.pres - 1.0);
   tally.pres.note(by_pressure);
@@ -201,11 +208,12 @@ void from_pressure(const StateSource::Inputs& in, const std::size_t stratum, Tal
   std::int32_t ierr = 0;
   double dens = 0.0;
   co2_tp(in.temp, in.pres, ierr, {.dens = &dens});
-  State state{in.temp, dens, in.pres, 0.0};
+  State state{};
   if (ierr == 0 && single_phase(in.temp, dens, state)) {
     round_trip(state, stratum, tally);
     return;
   }
+  state = {in.temp, dens, in.pres, 0.0};
   // An error, or a density that co2_td finds inside the dome or whose pressure rounds to outside.
   Counts& counts = tally.strata[stratum];
   ++counts.states;
@@ -217,7 +225,7 @@ void from_pressure(const StateSource::Inputs& in, const std::size_t stratum, Tal
     ++tally.failed_elements[first];
     tally.failed.note({0.0, state, dens, first, first, stratum});
   } else {
-    count_iteration(in.temp, in.pres, first_element(in.temp, in.pres), stratum, tally);
+    count_iteration(state, first_element(in.temp, in.pres), stratum, tally);
   }
 }
 
@@ -253,6 +261,13 @@ bool check(const char* what, const double value, const double bound, const bool 
   return good;
 }
 
+void print_elements(const std::map<std::int32_t, std::uint64_t>& counts) {
+  if (counts.empty()) return;
+  fmt::print("  elements:");
+  for (const auto& [e, count] : counts) fmt::print(" {} ({})", e, count);
+  fmt::print("\n");
+}
+
 bool print_round_trips(const Tally& tally) {
   fmt::print("{:<24}{:>10}{:>8}{:>8}{:>8}{:>11}{:>11}{:>8}{:>8}{:>8}\n", "states", "count", "205",
              "207", "others", "other side", "misplaced", "off", "by stop", "evals");
@@ -279,11 +294,9 @@ bool print_round_trips(const Tally& tally) {
   }
   fmt::print("\n\n");
   tally.failed.print("Not converged, by rho dp/drho:");
-  if (!tally.failed_elements.empty()) {
-    fmt::print("  elements:");
-    for (const auto& [e, count] : tally.failed_elements) fmt::print(" {} ({})", e, count);
-    fmt::print("\n");
-  }
+  print_elements(tally.failed_elements);
+  tally.misplaced.print("Misplaced, kg/m3 outside the located element:");
+  print_elements(tally.misplaced_elements);
   tally.dens.print("Density, relative:");
   tally.off.print("Density, relative, beyond what the stopping rule explains:");
   tally.flat_dens.print("Density, relative, where rho dp/drho is at most 1 kPa:");
