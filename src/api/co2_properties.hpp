@@ -96,6 +96,51 @@ void co2_tp(const double& temp_in, const double& pres_in, std::int32_t& ierr,
             double* dhdd = nullptr, double* dhdt = nullptr, double* dsdd = nullptr,
             double* dsdt = nullptr) noexcept;
 
+/// State from pressure and enthalpy.
+/// \param pres_in  pressure, kPa, 1 to 100000
+/// \param enth_in  specific enthalpy, kJ/kg, of a temperature of 240 K to 1500 K
+/// \param ierr     0; -301 two phases and one of cv, cp, ssnd is present; -302 within 0.08 K of the
+///                 critical temperature, pressure or enthalpy are met to more than 1e-4 only; the
+///                 errors 303 pressure below 1, 304 pressure above 100000, 301 temperature below
+///                 240, 302 temperature above 1500, 305 no temperature and density found
+///
+/// An enthalpy between those of saturated liquid and vapour is a mixture at the saturation
+/// temperature, which is not tested: below 1282.4835 kPa it is extrapolated. `pres` is then that of
+/// the saturated vapour, `visc` and `cond` are those of the phases weighted by `qual`, cv, cp, ssnd
+/// and the six derivatives zero. Otherwise temperature and density meet pressure and enthalpy to
+/// 1e-11, and the outputs are those of `co2_td` there; the mark in `qual` goes by the given
+/// pressure. NaN gives 305.
+void co2_ph(const double& pres_in, const double& enth_in, std::int32_t& ierr,
+            const OutputSet& out) noexcept;
+
+/// The same with the outputs in their fixed order.
+void co2_ph(const double& pres_in, const double& enth_in, std::int32_t& ierr,
+            double* temp = nullptr, double* pres = nullptr, double* dens = nullptr,
+            double* svol = nullptr, double* qual = nullptr, double* inte = nullptr,
+            double* enth = nullptr, double* entr = nullptr, double* cv = nullptr,
+            double* cp = nullptr, double* ssnd = nullptr, double* visc = nullptr,
+            double* cond = nullptr, double* dpdd = nullptr, double* dpdt = nullptr,
+            double* dhdd = nullptr, double* dhdt = nullptr, double* dsdd = nullptr,
+            double* dsdt = nullptr) noexcept;
+
+/// State from pressure and entropy; as `co2_ph`, with its own codes.
+/// \param pres_in  pressure, kPa, 1 to 100000
+/// \param entr_in  specific entropy, kJ/(kg K), of a temperature of 240 K to 1500 K
+/// \param ierr     0; -401 two phases and one of cv, cp, ssnd, visc, cond is present: all of them
+///                 are zero then; -402 and 401 to 405 as -302 and 301 to 305 in `co2_ph`
+void co2_ps(const double& pres_in, const double& entr_in, std::int32_t& ierr,
+            const OutputSet& out) noexcept;
+
+/// The same with the outputs in their fixed order.
+void co2_ps(const double& pres_in, const double& entr_in, std::int32_t& ierr,
+            double* temp = nullptr, double* pres = nullptr, double* dens = nullptr,
+            double* svol = nullptr, double* qual = nullptr, double* inte = nullptr,
+            double* enth = nullptr, double* entr = nullptr, double* cv = nullptr,
+            double* cp = nullptr, double* ssnd = nullptr, double* visc = nullptr,
+            double* cond = nullptr, double* dpdd = nullptr, double* dpdt = nullptr,
+            double* dhdd = nullptr, double* dhdt = nullptr, double* dsdd = nullptr,
+            double* dsdt = nullptr) noexcept;
+
 // ---- Constants, messages, outputs --------------------------------------------------------------
 
 /// Reference constants and limits; each present argument receives its value.
@@ -150,6 +195,16 @@ void zero_outputs(double* temp = nullptr, double* pres = nullptr, double* dens =
 [[nodiscard]] std::int32_t liq_index_from_td(const double& temp, const double& dens) noexcept;
 [[nodiscard]] std::int32_t sc_index_from_td(const double& temp, const double& dens) noexcept;
 
+/// Start values of `co2_ph` and `co2_ps`: temperature, K, with a flag that is 1 where the state may
+/// be two-phase, and density, kg/m3, from enthalpy, kJ/kg, or entropy, kJ/(kg K), and pressure,
+/// kPa.
+void temp_from_hp(const double& enth, const double& pres, double& temp,
+                  std::int32_t& flag) noexcept;
+void dens_from_hp(const double& enth, const double& pres, double& dens) noexcept;
+void temp_from_sp(const double& entr, const double& pres, double& temp,
+                  std::int32_t& flag) noexcept;
+void dens_from_sp(const double& entr, const double& pres, double& dens) noexcept;
+
 /// Element that holds a state given by temperature and pressure, as above. The pressure has to lie
 /// on the region's side of saturation, which is not looked at.
 [[nodiscard]] std::int32_t vap_index_from_tp(const double& temp, const double& pres) noexcept;
@@ -186,4 +241,15 @@ extern "C" {
 ///              `cond` thermal conductivity, W/(m K); `visc` viscosity, Pa s
 void fittp_(const double* temp, const double* pres, double* enth, double* dens, double* cv,
             double* cp, double* cond, double* visc);
+
+/// `co2_ph` for callers that cannot leave out arguments; an error ends the process as in `fittp_`.
+/// Warnings are dropped: cv and cp of a mixture are zero.
+/// \param pres  pressure, kPa
+/// \param enth  specific enthalpy, kJ/kg
+/// \param temp  temperature, K; `dens` density, kg/m3; `cv`, `cp` heat capacities, kJ/(kg K);
+///              `cond` thermal conductivity, W/(m K); `visc` viscosity, Pa s
+/// \param qual  vapour mass fraction within [0, 1]: 0 in liquid, 1 in vapour and from the critical
+///              temperature on
+void fitph_(const double* pres, const double* enth, double* temp, double* dens, double* cv,
+            double* cp, double* cond, double* visc, double* qual);
 }

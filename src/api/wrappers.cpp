@@ -31,3 +31,18 @@ void fittp_(const double* temp, const double* pres, double* enth, double* dens, 
   if (ierr > 0) stop(ierr);
   *visc *= pa_s;
 }
+
+void fitph_(const double* pres, const double* enth, double* temp, double* dens, double* cv,
+            double* cp, double* cond, double* visc, double* qual) {
+  std::int32_t ierr = 0;
+  co2_properties::co2_ph(
+      *pres, *enth, ierr,
+      {.temp = temp, .dens = dens, .qual = qual, .cv = cv, .cp = cp, .visc = visc, .cond = cond});
+  if (ierr > 0) stop(ierr);
+  *visc *= pa_s;
+  if (*qual > 1.0) {
+    *qual = 1.0;
+  } else if (*qual < 0.0) {
+    *qual = 0.0;
+  }
+}

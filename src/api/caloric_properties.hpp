@@ -1,0 +1,89 @@
+#pragma once
+// Enthalpy and entropy as `caloric_entry` takes them.
+
+#include <cstdint>
+
+#include "api/caloric_entry.hpp"
+#include "solvers/from_hp.hpp"
+#include "solvers/from_sp.hpp"
+
+namespace co2_properties {
+
+struct Enthalpy {
+  static constexpr CaloricCodes codes = {status::ph_temp_below_min,   status::ph_temp_above_max,
+                                         status::ph_pres_below_min,   status::ph_pres_above_max,
+                                         status::ph_not_converged,    status::ph_two_phase,
+                                         status::ph_loosely_converged};
+
+  static bool start(const double enth, const double pres, double& temp, double& dens) noexcept {
+    std::int32_t flag = 0;
+    temp_from_hp(enth, pres, temp, flag);
+    dens_from_hp(enth, pres, dens);
+    return flag != 0;
+  }
+  static double value(const HelmholtzDerivatives& d, const double temp,
+                      const double dens) noexcept {
+    return enthalpy(d, temp, dens);
+  }
+  static double by_dens(const HelmholtzDerivatives& d, const double temp,
+                        const double dens) noexcept {
+    return dhdd(d, temp, dens);
+  }
+  static double by_temp(const HelmholtzDerivatives& d, const double temp,
+                        const double dens) noexcept {
+    return dhdt(d, temp, dens);
+  }
+
+  /// Viscosity and conductivity of a mixture are those of its phases weighted by quality; they
+  /// raise no warning.
+  static std::int32_t write_mixture(const double temp, const double dens, const double qual,
+                                    const SaturatedPhase& liq, const SaturatedPhase& vap,
+                                    const OutputSet& out) noexcept {
+    write_two_phase(temp, dens, qual, liq, vap, out);
+    const auto mix = [&](void (*property)(const double&, const double&, double&) noexcept,
+                         double* result) {
+      if (result == nullptr) return;
+      double of_liq = 0.0;
+      double of_vap = 0.0;
+      property(liq.dens, temp, of_liq);
+      property(vap.dens, temp, of_vap);
+      *result = of_liq + qual * (of_vap - of_liq);
+    };
+    mix(calculate_visc, out.visc);
+    mix(calculate_cond, out.cond);
+    return wants_cv_cp_ssnd(out) ? codes.two_phase : status::success;
+  }
+};
+
+struct Entropy {
+  static constexpr CaloricCodes codes = {status::ps_temp_below_min,   status::ps_temp_above_max,
+                                         status::ps_pres_below_min,   status::ps_pres_above_max,
+                                         status::ps_not_converged,    status::ps_two_phase,
+                                         status::ps_loosely_converged};
+
+  static bool start(const double entr, const double pres, double& temp, double& dens) noexcept {
+    std::int32_t flag = 0;
+    temp_from_sp(entr, pres, temp, flag);
+    dens_from_sp(entr, pres, dens);
+    return flag != 0;
+  }
+  static double value(const HelmholtzDerivatives& d, double /*temp*/, double /*dens*/) noexcept {
+    return entropy(d);
+  }
+  static double by_dens(const HelmholtzDerivatives& d, double /*temp*/, double /*dens*/) noexcept {
+    return dsdd(d);
+  }
+  static double by_temp(const HelmholtzDerivatives& d, double /*temp*/, double /*dens*/) noexcept {
+    return dsdt(d);
+  }
+
+  /// Unlike in `co2_ph`, transport properties of a mixture stay zero and raise the warning.
+  static std::int32_t write_mixture(const double temp, const double dens, const double qual,
+                                    const SaturatedPhase& liq, const SaturatedPhase& vap,
+                                    const OutputSet& out) noexcept {
+    write_two_phase(temp, dens, qual, liq, vap, out);
+    return wants_cv_cp_ssnd(out) || wants_transport(out) ? codes.two_phase : status::success;
+  }
+};
+
+}  // namespace co2_properties
