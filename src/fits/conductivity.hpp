@@ -11,7 +11,7 @@ namespace co2_properties {
 /// gives NaN out. There is no failure: `cond` is always written.
 /// Accuracy against V. Vesovic et al., J. Phys. Chem. Ref. Data 19 (1990) 763, with the simplified
 /// crossover of Olchowy and Sengers: 2.6e-4 relative farther than 0.05 K from the critical
-/// temperature, worst just below 304 K; 4e-2 down to 1 mK from the critical point, where the
+/// temperature, worst just below 304 K; 7e-2 down to 1 mK from the critical point, where the
 /// property diverges and the fit does not.
 void calculate_cond(const double& dens, const double& temp, double& cond) noexcept;
 
