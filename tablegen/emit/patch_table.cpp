@@ -226,7 +226,7 @@ Difference patch_difference(const PatchProperty& property, const PatchTiling& ti
           unit += std::fabs(a * power) * std::numeric_limits<double>::epsilon();
         }
       }
-      const double size = static_cast<double>(std::fabs(change) / unit);
+      const auto size = static_cast<double>(std::fabs(change) / unit);
       if (!(size <= difference.size)) {
         difference.size = size;
         difference.where = format("last places of the terms of patch %zu at %.6Lf K, %.4Lf kg/m3",

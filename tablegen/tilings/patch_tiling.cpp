@@ -43,7 +43,7 @@ class Reader {
   PatchTiling cells;
 
  private:
-  double number(const std::string& text) const {
+  [[nodiscard]] double number(const std::string& text) const {
     if (const auto name = names_.find(text); name != names_.end()) return name->second;
     double value = 0.0;
     const char* const end = text.data() + text.size();
@@ -53,7 +53,7 @@ class Reader {
     return value;
   }
 
-  Range range(const std::string& text) const {
+  [[nodiscard]] Range range(const std::string& text) const {
     if (text.starts_with("<")) return {-open_side, number(text.substr(1))};
     if (text.starts_with(">=")) return {number(text.substr(2)), open_side};
     const std::size_t dots = text.find("..");
