@@ -9,11 +9,15 @@ constexpr const Property& property(const std::string_view name) {
   return properties[find_property(name)];
 }
 
-constexpr std::array<InputPair, 2> pairs = {{
+constexpr std::array<InputPair, 4> pairs = {{
     {"td", "State from temperature and density", property("temp"), property("dens"), &co2_td,
      "310 600"},
     {"tp", "State from temperature and pressure", property("temp"), property("pres"), &co2_tp,
      "310 8000"},
+    {"ph", "State from pressure and enthalpy", property("pres"), property("enth"), &co2_ph,
+     "8000 400"},
+    {"ps", "State from pressure and entropy", property("pres"), property("entr"), &co2_ps,
+     "8000 1.7"},
 }};
 
 }  // namespace

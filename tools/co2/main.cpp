@@ -78,7 +78,7 @@ constexpr const char* file_help = R"(Files:
   text += fmt::format(
       "\nExamples:\n"
       "  co2 {0} {1}\n"
-      "  co2 {0} {1} --columns pres,enth,cp\n"
+      "  co2 {0} {1} --columns inte,cp,ssnd\n"
       "  printf '{2},{3}\\n{4}\\n' | co2 {0} --csv -\n",
       pair.command, pair.example, pair.first.name, pair.second.name, example_row);
   return text + exit_status_help;
