@@ -13,7 +13,7 @@ std::int32_t find_element(const TpMap& map, const double temp, const Reaches& re
   std::int32_t length = map.first[i + 1] - map.first[i] - 1;
   while (length > 0) {
     const std::int32_t half = (length + 1) / 2;
-    if (reaches(map.curves[row[half].curve])) row += half;
+    row += static_cast<std::int32_t>(reaches(map.curves[row[half].curve])) * half;
     length -= half;
   }
   return row->element;

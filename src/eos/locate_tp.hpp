@@ -9,14 +9,15 @@ namespace co2_properties {
 
 inline constexpr std::int32_t curve_terms = 6;
 
-/// Pressure along one density edge of the elements, a polynomial in the temperature itself: it has
-/// the lowest degree that separates the elements well enough, because with each degree Horner's
-/// rule in an unshifted variable loses digits, the more the narrower the curve's temperatures.
+/// Pressure along one density edge of the elements, a polynomial in the temperature itself. It has
+/// the lowest degree, 1 to 5, that separates the elements well enough: with each degree Horner's
+/// rule in an unshifted variable loses digits, the more the narrower the curve's temperatures. All
+/// curves are evaluated as quintics, since how long a loop would run is not predictable; leading
+/// zeros do not change the result.
 struct IsochoreCurve {
-  double temp_start;    ///< K: where the isochore meets the saturation line, a single-precision
-                        ///< value; 0 if it does not
-  std::int32_t degree;  ///< 1..5
-  double coef[curve_terms];  ///< kPa K^-k; zero beyond the degree
+  double temp_start;  ///< K: where the isochore meets the saturation line, a single-precision
+                      ///< value; 0 if it does not
+  double coef[curve_terms];  ///< kPa K^-k
 };
 
 /// An element in the list of one temperature interval, and the curve of its lower density edge.
@@ -40,9 +41,8 @@ extern const TpMap liquid_tp_map;
 extern const TpMap supercritical_tp_map;
 
 [[nodiscard]] inline double evaluate_curve(const IsochoreCurve& curve, const double temp) noexcept {
-  double pres = curve.coef[curve.degree];
-  for (std::int32_t k = curve.degree - 1; k >= 0; --k) pres = pres * temp + curve.coef[k];
-  return pres;
+  const double* c = curve.coef;
+  return ((((c[5] * temp + c[4]) * temp + c[3]) * temp + c[2]) * temp + c[1]) * temp + c[0];
 }
 
 /// Element of a vapour state below the critical temperature.

@@ -25,7 +25,7 @@ namespace co2_properties::tablegen {
 namespace {
 
 /// Part of the input digest: raise it when the fit changes without the elements.
-constexpr const char* fit_version = "tp_curves 1";
+constexpr const char* fit_version = "tp_curves 2";
 
 /// Distance between curve and edge that a fit may leave, kg/m3: the solver keeps an element up to
 /// 0.01 kg/m3 outside of it.
@@ -65,6 +65,7 @@ struct Curve {
   double dens;  ///< kg/m3
   std::vector<Segment> segments;
   IsochoreCurve stored{};
+  std::int32_t degree = 0;  ///< of the polynomial
   bool known = false;       ///< the polynomial is given, not fitted
   double dens_error = 0.0;  ///< largest distance of the curve from the edge, kg/m3
   double error_at = 0.0;    ///< and where, K
@@ -260,7 +261,6 @@ void to_powers(const Vector& chebyshev, const Span& span, IsochoreCurve& curve) 
     before = now;
     now = next;
   }
-  curve.degree = static_cast<std::int32_t>(chebyshev.size()) - 1;
   std::transform(sum.begin(), sum.end(), curve.coef,
                  [](const Real c) { return static_cast<double>(c); });
 }
@@ -282,6 +282,7 @@ void fit(const std::vector<Element>& elements, const Span& span, const std::int3
     problem.main.b(i) = static_cast<Real>(edge.dens_per_pres) * edge.pres;
   }
   to_powers(solve_minimax(problem, minimax_rounds), span, curve.stored);
+  curve.degree = degree;
 }
 
 /// Fills in the errors of the stored curve, in the arithmetic of the library.
@@ -316,7 +317,7 @@ void complete(const std::vector<Element>& elements, const Region region, Curve& 
   const Span span = active_span(elements, curve);
   if (known != nullptr && !known->coef.empty()) {
     curve.known = true;
-    curve.stored.degree = static_cast<std::int32_t>(known->coef.size()) - 1;
+    curve.degree = static_cast<std::int32_t>(known->coef.size()) - 1;
     std::copy(known->coef.begin(), known->coef.end(), curve.stored.coef);
     measure(elements, span, curve);
     return;
@@ -329,7 +330,7 @@ void complete(const std::vector<Element>& elements, const Region region, Curve& 
     measure(elements, span, curve);
     if (curve.dens_error < best.dens_error && stays_above(span, curve)) best = curve;
   }
-  if (best.stored.degree == 0) {
+  if (best.degree == 0) {
     throw std::runtime_error(format("tp_curves: no curve for %g kg/m3 at %g..%g K", curve.dens,
                                     curve.temp_lo(), curve.temp_hi()));
   }
@@ -373,8 +374,7 @@ std::string curve_record(const std::size_t index, const Curve& curve) {
       "  // %zu: %s kg/m3, %s..%s K, %serror %.0e kg/m3\n", index,
       decimal_literal(curve.dens).c_str(), decimal_literal(curve.temp_lo()).c_str(),
       decimal_literal(curve.temp_hi()).c_str(), curve.known ? "known, " : "", curve.dens_error);
-  text += "  {" + decimal_literal(curve.stored.temp_start) + ", " +
-          std::to_string(curve.stored.degree) + ", {";
+  text += "  {" + decimal_literal(curve.stored.temp_start) + ", {";
   for (const double& c : curve.stored.coef) {
     text +=
         (&c == curve.stored.coef ? "" : ", ") + (curve.known ? decimal_literal(c) : hex_literal(c));
@@ -423,10 +423,10 @@ std::string report(const RegionTable& table) {
   std::size_t rows = 0;
   for (const auto& column : table.columns) rows += column.size();
   for (const Curve& c : table.curves) {
-    ++degrees[static_cast<std::size_t>(c.stored.degree)];
+    ++degrees[static_cast<std::size_t>(c.degree)];
     text += format("%8.2f kg/m3 %9.4f..%9.4f K  %.13g  %d%s  %.1e kg/m3 at %.6f K\n", c.dens,
-                   c.temp_lo(), c.temp_hi(), c.stored.temp_start, c.stored.degree,
-                   c.known ? " known" : "", c.dens_error, c.error_at);
+                   c.temp_lo(), c.temp_hi(), c.stored.temp_start, c.degree, c.known ? " known" : "",
+                   c.dens_error, c.error_at);
   }
   return text + format("%zu curves (of degree 1..5: %zu %zu %zu %zu %zu), %zu columns, %zu rows\n",
                        table.curves.size(), degrees[1], degrees[2], degrees[3], degrees[4],
@@ -454,13 +454,10 @@ Difference compare(const std::vector<RegionTable>& tables, const std::vector<Ele
     }
     at += layout;
     for (const Curve& curve : table.curves) {
-      IsochoreCurve their{theirs[at], static_cast<std::int32_t>(theirs[at + 1]), {}};
-      if (their.temp_start != curve.stored.temp_start || their.degree < 1 ||
-          their.degree >= curve_terms) {
-        return unlike;
-      }
-      std::copy_n(theirs.begin() + static_cast<std::ptrdiff_t>(at + 2), curve_terms, their.coef);
-      at += 2 + curve_terms;
+      IsochoreCurve their{theirs[at], {}};
+      if (their.temp_start != curve.stored.temp_start) return unlike;
+      std::copy_n(theirs.begin() + static_cast<std::ptrdiff_t>(at + 1), curve_terms, their.coef);
+      at += 1 + curve_terms;
       const Span span = active_span(elements, curve);
       for (int i = 0; i <= check_count; ++i) {
         const double temp = span.lo + (span.hi - span.lo) * i / check_count;
