@@ -4,35 +4,60 @@
 #include <cstdio>
 #include <exception>
 
+#include "solver_report/caloric_report.hpp"
+#include "solver_report/cycle_report.hpp"
 #include "solver_report/tp_report.hpp"
 
-int main(const int argc, const char* const* const argv) {
-  using co2_properties::solver_report::Options;
+namespace co2_properties::solver_report {
+namespace {
+
+int run(const int argc, const char* const* const argv) {
   CLI::App app(
       "Measures the entries that iterate. Exit status 1 if a bound is exceeded, 2 if the report "
       "cannot be made.",
       "solver_report");
   app.require_subcommand(1);
   Options options;
-  CLI::App* const tp = app.add_subcommand("tp", "co2_tp: round trips and reference densities");
-  tp->add_option("-n,--states", options.states, "Random states of the round trips")
-      ->type_name("N")
-      ->capture_default_str();
+  const auto add = [&](const char* name, const char* description) {
+    CLI::App* const command = app.add_subcommand(name, description);
+    command->add_option("-n,--states", options.states, "Random states of the round trips")
+        ->type_name("N")
+        ->capture_default_str();
+    command->add_option("--seed", options.seed, "Seed of the states")
+        ->type_name("N")
+        ->capture_default_str();
+    command
+        ->add_option("-j,--threads", options.threads, "Threads; the results do not depend on them")
+        ->type_name("N")
+        ->check(CLI::Range(1, 256))
+        ->capture_default_str();
+    return command;
+  };
+  CLI::App* const tp = add("tp", "co2_tp: round trips and reference densities");
   tp->add_option("-r,--reference", options.reference_states, "States compared with the reference")
       ->type_name("N")
       ->capture_default_str();
-  tp->add_option("--seed", options.seed, "Seed of the states")
-      ->type_name("N")
-      ->capture_default_str();
-  tp->add_option("-j,--threads", options.threads, "Threads; the results do not depend on them")
-      ->type_name("N")
-      ->check(CLI::Range(1, 256))
-      ->capture_default_str();
+  const CLI::App* const ph = add("ph", "co2_ph: round trips from co2_td");
+  const CLI::App* const ps = add("ps", "co2_ps: round trips from co2_td");
+  add("cycle", "Round trips through co2_tp, co2_ph and co2_ps");
   try {
     app.parse(argc, argv);
-    return co2_properties::solver_report::report_tp(options) ? 0 : 1;
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? 0 : 2;
+  }
+  const auto report = tp->parsed()   ? report_tp
+                      : ph->parsed() ? report_ph
+                      : ps->parsed() ? report_ps
+                                     : report_cycle;
+  return report(options) ? 0 : 1;
+}
+
+}  // namespace
+}  // namespace co2_properties::solver_report
+
+int main(const int argc, const char* const* const argv) {
+  try {
+    return co2_properties::solver_report::run(argc, argv);
   } catch (const std::exception& error) {
     std::fprintf(stderr, "solver_report: %s\n", error.what());
     return 2;

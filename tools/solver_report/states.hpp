@@ -51,9 +51,26 @@ struct State {
 /// Evaluates `temp` and `dens`; false if they are two phases or outside the limits.
 [[nodiscard]] bool single_phase(double temp, double dens, State& state);
 
-class StateSource {
+/// Random numbers.
+class Draws {
  public:
-  explicit StateSource(const std::uint64_t seed) : engine_(seed) {}
+  explicit Draws(const std::uint64_t seed) : engine_(seed) {}
+
+  [[nodiscard]] double uniform(double lo, double hi);
+  [[nodiscard]] double log_uniform(double lo, double hi);
+  /// Moves a value by up to four units in the last place or by a log-uniform distance up to 0.1.
+  [[nodiscard]] double close_to(double value);
+  [[nodiscard]] bool coin() { return below(2) != 0; }
+  /// 0 .. count - 1.
+  [[nodiscard]] std::uint64_t below(const std::uint64_t count) { return engine_() % count; }
+
+ private:
+  std::mt19937_64 engine_;
+};
+
+class StateSource : public Draws {
+ public:
+  using Draws::Draws;
 
   /// A single-phase state of one of the strata that draw densities.
   [[nodiscard]] State by_density(StratumIndex stratum);
@@ -65,14 +82,7 @@ class StateSource {
   [[nodiscard]] Inputs by_pressure(StratumIndex stratum);
 
  private:
-  [[nodiscard]] double uniform(double lo, double hi);
-  [[nodiscard]] double log_uniform(double lo, double hi);
-  /// Moves a value by up to four units in the last place or by a log-uniform distance up to 0.1.
-  [[nodiscard]] double close_to(double value);
-  [[nodiscard]] bool coin() { return (engine_() & 1U) != 0; }
   void draw(StratumIndex stratum, double& temp, double& dens);
-
-  std::mt19937_64 engine_;
 };
 
 }  // namespace co2_properties::solver_report
