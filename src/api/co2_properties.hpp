@@ -232,6 +232,7 @@ void calculate_ssnd(const double& dens, const double& temp, double& ssnd) noexce
 // ---- Entries with fixed arguments --------------------------------------------------------------
 
 extern "C" {
+// NOLINTBEGIN(readability-identifier-naming): Fortran appends the underscore to link names
 
 /// `co2_tp` for callers that cannot leave out arguments. On an error it prints the message to
 /// standard output and ends the process.
@@ -252,4 +253,5 @@ void fittp_(const double* temp, const double* pres, double* enth, double* dens, 
 ///              temperature on
 void fitph_(const double* pres, const double* enth, double* temp, double* dens, double* cv,
             double* cp, double* cond, double* visc, double* qual);
+// NOLINTEND(readability-identifier-naming)
 }
