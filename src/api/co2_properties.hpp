@@ -14,6 +14,7 @@
 #include <array>
 #include <cstdint>
 
+#include "batch.hpp"
 #include "helmholtz_derivatives.hpp"
 #include "limits.hpp"
 #include "output_set.hpp"
