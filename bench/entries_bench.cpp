@@ -1,122 +1,104 @@
-// What a state costs, beside two floors measured in the same run: the bare evaluation of elements
-// that are known beforehand, and the reference equation of state.
-//
-// The time per state is the reported time divided by the number of items; run with
-// --benchmark_counters_tabular=true and read 1/items_per_second.
+// What a state costs, by region and by what is asked for: single calls, batches, two threads.
 
 #include <benchmark/benchmark.h>
 
-#include <cmath>
+#include <memory>
 
-#include "api/relocate.hpp"
-#include "bench/states.hpp"
-#include "eos/helmholtz.hpp"
-#include "eos/properties.hpp"
-#include "tablegen/reference/span_wagner.hpp"
+#include "bench/entries.hpp"
 
 namespace co2_properties::bench {
 namespace {
 
-constexpr std::size_t count = 1 << 14;
+struct Inputs {
+  std::vector<double> first, second;
+};
 
-void name_region(benchmark::State& run) {
-  constexpr const char* names[] = {"gas",       "liquid", "supercritical", "compressor inlet",
-                                   "two-phase", "domain"};
-  run.SetLabel(std::string(names[run.range(0)]) + (run.range(1) != 0 ? ", smooth" : ", shuffled"));
-  run.SetItemsProcessed(run.iterations() * static_cast<std::int64_t>(count));
+std::shared_ptr<const Inputs> inputs_of(const Entry& entry, const Region& region,
+                                        const bool smooth) {
+  const std::vector<State> states = draw_states(region, smooth);
+  return std::make_shared<Inputs>(
+      Inputs{column(states, entry.first), column(states, entry.second)});
 }
 
-std::vector<State> inputs(const benchmark::State& run) {
-  return states(static_cast<Region>(run.range(0)), count, run.range(1) != 0);
-}
-
-/// Six properties from the derivatives of one element, the logarithm included.
-void floor_elements(benchmark::State& run) {
-  struct Located {
-    std::int32_t e;
-    double temp, dens;
-  };
-  std::vector<Located> located;
-  for (const State& s : inputs(run)) located.push_back({relocate(s.temp, s.dens), s.temp, s.dens});
-  for (auto _ : run) {
-    for (const Located& s : located) {
-      const HelmholtzDerivatives d = evaluate(element(s.e), s.temp, s.dens, std::log(s.dens));
-      const double six[] = {pressure(d, s.dens),
-                            enthalpy(d, s.temp, s.dens),
-                            entropy(d),
-                            isochoric_heat_capacity(d, s.temp),
-                            isobaric_heat_capacity(d, s.temp, s.dens),
-                            speed_of_sound(d, s.dens)};
-      benchmark::DoNotOptimize(six);
-    }
-  }
-  name_region(run);
-}
-
-void floor_reference(benchmark::State& run) {
-  const std::vector<State> list = inputs(run);
-  for (auto _ : run) {
-    for (const State& s : list) {
-      benchmark::DoNotOptimize(reference::helmholtz<double>(s.temp, s.dens));
-    }
-  }
-  name_region(run);
-}
-
-void locate(benchmark::State& run) {
-  const std::vector<State> list = inputs(run);
-  for (auto _ : run) {
-    for (const State& s : list) benchmark::DoNotOptimize(relocate(s.temp, s.dens));
-  }
-  name_region(run);
-}
-
-using Entry = void (*)(const double&, const double&, std::int32_t&, const OutputSet&) noexcept;
-
-/// One entry with six thermodynamic outputs.
-template <Entry entry, double State::*first, double State::*second>
-void six_outputs(benchmark::State& run) {
-  const std::vector<State> list = inputs(run);
-  double out[6];
-  const OutputSet set = {.pres = &out[0],
-                         .dens = &out[1],
-                         .inte = &out[2],
-                         .enth = &out[3],
-                         .entr = &out[4],
-                         .ssnd = &out[5]};
+/// Calls with a fixed set of outputs, as a program makes them that knows what it wants.
+template <auto... members>
+void call_single(benchmark::State& run, const Entry& entry, const Inputs& in) {
+  double values[sizeof...(members) + 1];
+  OutputSet out;
+  std::size_t k = 0;
+  ((out.*members = &values[k++]), ...);
   std::int32_t ierr = 0;
   for (auto _ : run) {
-    for (const State& s : list) {
-      entry(s.*first, s.*second, ierr, set);
-      benchmark::DoNotOptimize(out);
+    for (std::size_t i = 0; i < in.first.size(); ++i) {
+      entry.single(in.first[i], in.second[i], ierr, out);
+      benchmark::DoNotOptimize(values);
     }
   }
-  name_region(run);
+  run.SetItemsProcessed(run.iterations() * static_cast<std::int64_t>(in.first.size()));
 }
 
-void regions(benchmark::internal::Benchmark* b) {
-  for (std::int64_t region = 0; region < 6; ++region) {
-    b->Args({region, 0});
-    b->Args({region, 1});
+void call_batch(benchmark::State& run, const Entry& entry, const Inputs& in) {
+  std::vector<double> values[6];
+  for (std::vector<double>& v : values) v.resize(in.first.size());
+  std::vector<std::int32_t> ierr(in.first.size());
+  const BatchOutputSet out = {.pres = values[0],
+                              .enth = values[1],
+                              .entr = values[2],
+                              .cv = values[3],
+                              .cp = values[4],
+                              .ssnd = values[5]};
+  for (auto _ : run) {
+    benchmark::DoNotOptimize(entry.batch(in.first, in.second, ierr, out));
+    benchmark::ClobberMemory();
   }
+  run.SetItemsProcessed(run.iterations() * static_cast<std::int64_t>(in.first.size()));
 }
 
-void single_phase_regions(benchmark::internal::Benchmark* b) {
-  for (const std::int64_t region : {0, 1, 2, 3}) {
-    b->Args({region, 0});
-    b->Args({region, 1});
+using Body = void (*)(benchmark::State&, const Entry&, const Inputs&);
+struct Subset {
+  const char* name;
+  Body body;
+};
+
+#define CO2_SIX                                                                         \
+  &OutputSet::pres, &OutputSet::enth, &OutputSet::entr, &OutputSet::cv, &OutputSet::cp, \
+      &OutputSet::ssnd
+constexpr Subset six = {"six", call_single<CO2_SIX>};
+constexpr Subset subsets[] = {
+    {"one", call_single<&OutputSet::enth>},
+    six,
+    {"six+visc", call_single<CO2_SIX, &OutputSet::visc>},
+    {"six+cond", call_single<CO2_SIX, &OutputSet::cond>},
+    {"all", call_single<CO2_SIX, &OutputSet::temp, &OutputSet::dens, &OutputSet::svol,
+                        &OutputSet::qual, &OutputSet::inte, &OutputSet::visc, &OutputSet::cond,
+                        &OutputSet::dpdd, &OutputSet::dpdt, &OutputSet::dhdd, &OutputSet::dhdt,
+                        &OutputSet::dsdd, &OutputSet::dsdt>},
+};
+#undef CO2_SIX
+
+benchmark::internal::Benchmark* add(const Entry& entry, const Subset& subset, const Region& region,
+                                    const bool smooth) {
+  return benchmark::RegisterBenchmark(
+      title(entry.name, subset.name, region, smooth).c_str(),
+      [&entry, body = subset.body, in = inputs_of(entry, region, smooth)](benchmark::State& run) {
+        body(run, entry, *in);
+      });
+}
+
+const bool registered = [] {
+  for (const Entry& entry : entries) {
+    for (const Region& region : regions) {
+      if (!serves(entry, region)) continue;
+      for (const Subset& subset : subsets) add(entry, subset, region, false);
+      for (const bool smooth : {false, true}) add(entry, {"batch", call_batch}, region, smooth);
+      add(entry, six, region, true);
+    }
+    for (const int threads : {1, 2}) {
+      add(entry, {"throughput", six.body}, domain, false)->Threads(threads)->UseRealTime();
+    }
   }
-}
-
-BENCHMARK(floor_elements)->Apply(single_phase_regions);
-BENCHMARK(floor_reference)->Apply(single_phase_regions);
-BENCHMARK(locate)->Apply(single_phase_regions);
-BENCHMARK(six_outputs<co2_td, &State::temp, &State::dens>)->Name("co2_td")->Apply(regions);
-BENCHMARK(six_outputs<co2_tp, &State::temp, &State::pres>)
-    ->Name("co2_tp")
-    ->Apply(single_phase_regions);
-BENCHMARK(six_outputs<co2_ph, &State::pres, &State::enth>)->Name("co2_ph")->Apply(regions);
-BENCHMARK(six_outputs<co2_ps, &State::pres, &State::entr>)->Name("co2_ps")->Apply(regions);
+  return true;
+}();
 
 }  // namespace
 }  // namespace co2_properties::bench

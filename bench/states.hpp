@@ -2,58 +2,77 @@
 // States to measure with: random but repeatable, by region, in random or in smooth order.
 
 #include <algorithm>
-#include <cmath>
 #include <cstdint>
 #include <random>
+#include <string>
 #include <vector>
 
 #include "api/co2_properties.hpp"
 
 namespace co2_properties::bench {
 
-enum class Region : std::int64_t {
-  gas,
-  liquid,
-  supercritical,
-  compressor_inlet,
-  two_phase,
-  domain
+/// A box of temperature, K, and density, kg/m3, from which states are drawn evenly, and the
+/// pressures, kPa, between which they are kept.
+struct Region {
+  const char* name;
+  double temp_lo, temp_hi;
+  double dens_lo, dens_hi;
+  double pres_lo, pres_hi;
+  bool two_phase;
 };
 
-/// What the library says of one state; inputs of all four entries.
+inline constexpr Region domain = {"domain", 240, 1500, 0.01, 1250, 1, 100000, false};
+inline constexpr Region two_phase = {"two-phase", 240, 304, 30, 1100, 1, 8000, true};
+inline constexpr Region regions[] = {
+    domain,
+    {"gas", 240, 500, 0.1, 200, 1, 100000, false},
+    {"liquid", 240, 303, 620, 1250, 1, 100000, false},
+    {"supercritical", 304.2, 1500, 1, 1100, 1, 100000, false},
+    {"compressor inlet", 302, 319, 150, 780, 7350, 8480, false},  // of supercritical cycles
+    {"critical", 304.0, 304.3, 380, 560, 7300, 7500, false},
+    two_phase,
+};
+
+/// What the library says of one state: the inputs of all four entries.
 struct State {
   double temp, dens, pres, enth, entr;
 };
 
-/// `count` states of a region that `co2_td` accepts: uniform in temperature and density over the
-/// box of the region. The compressor inlet of supercritical cycles is 302..319 K, 7350..8480 kPa.
-inline std::vector<State> states(const Region region, const std::size_t count, const bool smooth) {
-  struct Range {
-    double temp_lo, temp_hi, dens_lo, dens_hi;
-  };
-  constexpr Range ranges[] = {{240, 500, 0.1, 200}, {240, 303, 620, 1150}, {304.2, 1500, 1, 900},
-                              {302, 319, 150, 780}, {240, 304, 30, 1100},  {240, 1500, 0.1, 1150}};
-  const Range& range = ranges[static_cast<std::size_t>(region)];
+/// More states than a branch predictor can learn by heart.
+inline constexpr std::size_t state_count = 1 << 15;
+
+/// `state_count` states of a region; in smooth order they follow the density.
+inline std::vector<State> draw_states(const Region& region, const bool smooth = false) {
   std::mt19937_64 engine(11);
-  std::uniform_real_distribution<double> temps(range.temp_lo, range.temp_hi);
-  std::uniform_real_distribution<double> densities(range.dens_lo, range.dens_hi);
+  std::uniform_real_distribution<double> temps(region.temp_lo, region.temp_hi);
+  std::uniform_real_distribution<double> densities(region.dens_lo, region.dens_hi);
   std::vector<State> result;
-  while (result.size() < count) {
+  while (result.size() < state_count) {
     State s{temps(engine), densities(engine), 0.0, 0.0, 0.0};
-    double qual = 0.0;
+    double cv = 0.0;
     std::int32_t ierr = 0;
-    co2_td(s.temp, s.dens, ierr,
-           {.pres = &s.pres, .qual = &qual, .enth = &s.enth, .entr = &s.entr});
-    const bool two_phase = s.temp < 304.1282 && qual > 0.0 && qual < 1.0;
-    const bool wanted = region == Region::domain || two_phase == (region == Region::two_phase);
-    const bool in_box = region != Region::compressor_inlet || (s.pres > 7350.0 && s.pres < 8480.0);
-    if (ierr == 0 && wanted && in_box) result.push_back(s);
+    co2_td(s.temp, s.dens, ierr, {.pres = &s.pres, .enth = &s.enth, .entr = &s.entr, .cv = &cv});
+    const bool in_region = ierr == (region.two_phase ? status::td_two_phase : status::success);
+    if (in_region && s.pres > region.pres_lo && s.pres < region.pres_hi) result.push_back(s);
   }
   if (smooth) {
     std::sort(result.begin(), result.end(),
               [](const State& a, const State& b) { return a.dens < b.dens; });
   }
   return result;
+}
+
+/// One input of an entry.
+inline std::vector<double> column(const std::vector<State>& states, double State::*const member) {
+  std::vector<double> values;
+  for (const State& s : states) values.push_back(s.*member);
+  return values;
+}
+
+/// "subject/outputs/region/order"
+inline std::string title(const std::string& subject, const std::string& outputs,
+                         const Region& region, const bool smooth) {
+  return subject + '/' + outputs + '/' + region.name + (smooth ? "/smooth" : "/shuffled");
 }
 
 }  // namespace co2_properties::bench
