@@ -37,9 +37,11 @@ constexpr Real enth_rounding_limit = 1e-9L;  // kJ/kg
 /// the way to the critical density: the library decides with saturated densities of its own.
 constexpr Real saturation_margin = 0.02L;
 
-/// dp/drho at the critical point, kPa m3/kg. The reference has -6e-10 there and the free fit -5e-8;
-/// a larger slope bends the isotherm back a little further out. This one keeps it monotone.
-constexpr Real critical_slope = 6e-8L;
+/// dp/drho at the critical point, kPa m3/kg. The reference has -6e-10 there and the free fit -5e-8.
+/// On an isotherm that is all but flat Newton's method needs more steps than it is given: the slope
+/// is raised, and with it the pressure around the critical point, by at most 5.2e-5 kPa.
+constexpr Real critical_slope = 1e-5L;
+constexpr Real critical_width = 12.0L;  // kg/m3
 
 constexpr FitLimits whole_domain = {240.0, 1500.0, 0.0, 1300.0};
 
@@ -87,6 +89,21 @@ std::array<Form, 6> error_forms(const StatePoint& at, const reference::Helmholtz
   const Real kw = share / (2.0L * w2 * ssnd_scale);
   forms[5] = {0.0L, 0.0L, 2.0L / dens * kw, bend * bend * kw, kw, -2.0L * bend * kw};
   return forms;
+}
+
+/// The reference, with the raised slope in the elements that start on the critical isotherm:
+/// p + critical_slope x exp(-(x / critical_width)^2), where x = rho - rho_crit.
+reference::Helmholtz<Real> fitted_state(const ElementCell& cell, const StatePoint& at) {
+  auto r = reference::helmholtz<Real>(at.temp, at.dens);
+  if (cell.temp_lo != reference::t_crit) return r;
+  const Real x = at.dens - static_cast<Real>(reference::d_crit);
+  const Real u = x / critical_width;
+  const Real slope = critical_slope * std::exp(-u * u);
+  const Real pres = slope * x;
+  const Real slope_change = slope * (1.0L - 2.0L * u * u);
+  r.a_d += pres / (at.dens * at.dens);
+  r.a_dd += (slope_change - 2.0L * pres / at.dens) / (at.dens * at.dens);
+  return r;
 }
 
 Real value_of(const Form& form, const Form& derivatives) {
@@ -198,6 +215,14 @@ Matrix restriction(const EdgeSpan& whole, const EdgeSpan& part) {
   return nodes_to_coefficients() * values;
 }
 
+void append(const Rows& more, Rows& rows) {
+  const Eigen::Index first = rows.b.size();
+  rows.a.conservativeResize(first + more.b.size(), element_terms);
+  rows.b.conservativeResize(first + more.b.size());
+  rows.a.bottomRows(more.b.size()) = more.a;
+  rows.b.tail(more.b.size()) = more.b;
+}
+
 /// Triangular rows with the same sum of squares as the given ones, up to a constant.
 Rows compressed(const Rows& rows) {
   const Eigen::Index columns = rows.a.cols();
@@ -219,6 +244,9 @@ ElementFitter::ElementFitter(const ElementCell& cell) : cell_(cell), basis_(cell
   stable.erase(first_other, stable.end());
   problem_.main = sample_rows(stable, 1.0L);
   problem_.soft = sample_rows(others, unreachable_weight);
+  if (cell.region == Region::liquid) {
+    append(target_rows(dome_tangent(cell, reach)), problem_.soft);
+  }
   limit_rounding();
 
   const Reach exact(box_of(cell), whole_domain, 0.0L);
@@ -236,11 +264,22 @@ Rows ElementFitter::sample_rows(std::vector<StatePoint> points, const Real weigh
   Rows rows{Matrix(count, element_terms), Vector(count)};
   Eigen::Index row = 0;
   for (const StatePoint& at : points) {
-    const auto ref = reference::helmholtz<Real>(at.temp, at.dens);
+    const auto ref = fitted_state(cell_, at);
     for (const Form& form : error_forms(at, ref)) {
       rows.a.row(row) = weight * basis_.row(form, at.temp, at.dens).transpose();
       rows.b(row++) = weight * value_of(form, derivatives(ref));
     }
+  }
+  return rows;
+}
+
+Rows ElementFitter::target_rows(const std::vector<Target>& targets) const {
+  const auto count = static_cast<Eigen::Index>(targets.size());
+  Rows rows{Matrix(count, element_terms), Vector(count)};
+  for (Eigen::Index k = 0; k < count; ++k) {
+    const Target& t = targets[static_cast<std::size_t>(k)];
+    rows.a.row(k) = t.weight * basis_.row(t.form, t.at.temp, t.at.dens).transpose();
+    rows.b(k) = t.weight * t.value;
   }
   return rows;
 }
@@ -301,10 +340,9 @@ Rows ElementFitter::edge_loss(const std::optional<EdgeSpan>& lower,
   const Matrix particular = q.leftCols(count) * r.transpose().triangularView<Eigen::Lower>().solve(
                                                     Matrix::Identity(count, count));
   const Matrix space = q.rightCols(element_terms - count);
-  Matrix a(problem_.main.a.rows() + problem_.soft.a.rows(), element_terms);
-  a << problem_.main.a, problem_.soft.a;
-  Vector b(a.rows());
-  b << problem_.main.b, problem_.soft.b;
+  Rows rows = problem_.main;
+  append(problem_.soft, rows);
+  const auto& [a, b] = rows;
   // Rows below the triangle of a space are out of reach of z.
   const Eigen::HouseholderQR<Matrix> free(a * space);
   const Matrix by_edges = free.householderQ().transpose() * (a * particular * held.from_edges);

@@ -5,6 +5,7 @@
 #include <optional>
 #include <vector>
 
+#include "tablegen/fit/dome_tangent.hpp"
 #include "tablegen/fit/element_basis.hpp"
 #include "tablegen/fit/reach.hpp"
 
@@ -55,6 +56,7 @@ class ElementFitter {
 
  private:
   [[nodiscard]] Rows sample_rows(std::vector<StatePoint> points, Real weight) const;
+  [[nodiscard]] Rows target_rows(const std::vector<Target>& targets) const;
   void limit_rounding();
   /// Conditions a x = from_edges edges + constant on the weights x of the functions.
   struct Conditions {
