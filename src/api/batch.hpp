@@ -8,6 +8,10 @@
 
 #include "output_set.hpp"
 
+#if defined(__GNUC__)
+#pragma GCC visibility push(default)  // see co2_properties.hpp
+#endif
+
 namespace co2_properties {
 
 /// A caller's array with a stride: element i is data[i * stride]. Strides count elements and may be
@@ -93,3 +97,7 @@ bool co2_ps_batch(StridedSpan<const double> pres, StridedSpan<const double> entr
                   StridedSpan<std::int32_t> ierr, const BatchOutputSet& out) noexcept;
 
 }  // namespace co2_properties
+
+#if defined(__GNUC__)
+#pragma GCC visibility pop
+#endif

@@ -20,6 +20,12 @@
 #include "output_set.hpp"
 #include "status.hpp"
 
+// The shared library exports what is declared between these lines, and nothing else. The headers of
+// the parts mark the same procedures.
+#if defined(__GNUC__)
+#pragma GCC visibility push(default)
+#endif
+
 namespace co2_properties {
 
 // ---- State entries -----------------------------------------------------------------------------
@@ -256,3 +262,7 @@ void fitph_(const double* pres, const double* enth, double* temp, double* dens, 
             double* cp, double* cond, double* visc, double* qual);
 // NOLINTEND(readability-identifier-naming)
 }
+
+#if defined(__GNUC__)
+#pragma GCC visibility pop
+#endif

@@ -53,7 +53,7 @@ namespace co2_properties {
 /// 1/rho) Outside the element's rectangle its polynomial is extrapolated. NaN in gives NaN out.
 /// Accuracy: that of the table, see docs/accuracy.md. Fitted to Span & Wagner, J. Phys. Chem. Ref.
 /// Data 25 (1996) 1509.
-[[nodiscard]] HelmholtzDerivatives element_derivatives(const std::int32_t& e, const double& temp,
-                                                       const double& dens) noexcept;
+[[nodiscard, gnu::visibility("default")]] HelmholtzDerivatives element_derivatives(
+    const std::int32_t& e, const double& temp, const double& dens) noexcept;
 
 }  // namespace co2_properties

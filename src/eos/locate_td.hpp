@@ -22,14 +22,17 @@ extern const CellMap supercritical_map;
 /// \return 1..93 for any input. A state on an edge belongs to the element above it. Outside the
 /// elements, temperature is clamped to the coldest or hottest band and density to the lowest or
 /// highest element there; NaN counts as above every edge.
-[[nodiscard]] std::int32_t vap_index_from_td(const double& temp, const double& dens) noexcept;
+[[nodiscard, gnu::visibility("default")]] std::int32_t vap_index_from_td(
+    const double& temp, const double& dens) noexcept;
 
 /// Element of a compressed-liquid state below the critical temperature, 94..222 for any input; the
 /// conventions of `vap_index_from_td`, meant for densities from saturated liquid up.
-[[nodiscard]] std::int32_t liq_index_from_td(const double& temp, const double& dens) noexcept;
+[[nodiscard, gnu::visibility("default")]] std::int32_t liq_index_from_td(
+    const double& temp, const double& dens) noexcept;
 
 /// Element of a state at or above the critical temperature, 223..649 for any input; the conventions
 /// of `vap_index_from_td`.
-[[nodiscard]] std::int32_t sc_index_from_td(const double& temp, const double& dens) noexcept;
+[[nodiscard, gnu::visibility("default")]] std::int32_t sc_index_from_td(
+    const double& temp, const double& dens) noexcept;
 
 }  // namespace co2_properties

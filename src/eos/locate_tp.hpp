@@ -52,15 +52,18 @@ extern const TpMap supercritical_tp_map;
 /// above it. A curve counts only above its start temperature: up to there vapour is thinner.
 /// Accuracy: an element that does not hold the state ends within 1e-4 kg/m3 of it, and within a
 /// kelvin of the critical point at the distance that the head of tables/tp_curves.cpp gives.
-[[nodiscard]] std::int32_t vap_index_from_tp(const double& temp, const double& pres) noexcept;
+[[nodiscard, gnu::visibility("default")]] std::int32_t vap_index_from_tp(
+    const double& temp, const double& pres) noexcept;
 
 /// Element of a compressed-liquid state below the critical temperature, 94..222 for any input; the
 /// conventions of `vap_index_from_tp`, but a curve counts from its start temperature on: below it
 /// liquid is denser.
-[[nodiscard]] std::int32_t liq_index_from_tp(const double& temp, const double& pres) noexcept;
+[[nodiscard, gnu::visibility("default")]] std::int32_t liq_index_from_tp(
+    const double& temp, const double& pres) noexcept;
 
 /// Element of a state at or above the critical temperature, 223..649 for any input; the conventions
 /// of `vap_index_from_tp`.
-[[nodiscard]] std::int32_t sc_index_from_tp(const double& temp, const double& pres) noexcept;
+[[nodiscard, gnu::visibility("default")]] std::int32_t sc_index_from_tp(
+    const double& temp, const double& pres) noexcept;
 
 }  // namespace co2_properties

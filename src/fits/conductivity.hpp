@@ -13,6 +13,7 @@ namespace co2_properties {
 /// crossover of Olchowy and Sengers: 2.6e-4 relative farther than 0.05 K from the critical
 /// temperature, worst just below 304 K; 7e-2 down to 1 mK from the critical point, where the
 /// property diverges and the fit does not.
-void calculate_cond(const double& dens, const double& temp, double& cond) noexcept;
+[[gnu::visibility("default")]] void calculate_cond(const double& dens, const double& temp,
+                                                   double& cond) noexcept;
 
 }  // namespace co2_properties

@@ -12,6 +12,7 @@ namespace co2_properties {
 /// Accuracy against R. Span, W. Wagner, J. Phys. Chem. Ref. Data 25 (1996) 1509: 2.3e-4 relative
 /// above 304.14 K, 8e-4 below 304.1 K and 2e-2 in between down to 1 mK from the critical point,
 /// where the property diverges and the fit does not.
-void calculate_cp(const double& dens, const double& temp, double& cp) noexcept;
+[[gnu::visibility("default")]] void calculate_cp(const double& dens, const double& temp,
+                                                 double& cp) noexcept;
 
 }  // namespace co2_properties

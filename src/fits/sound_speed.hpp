@@ -12,6 +12,7 @@ namespace co2_properties {
 /// Accuracy against R. Span, W. Wagner, J. Phys. Chem. Ref. Data 25 (1996) 1509: 5e-5 relative
 /// above 304.14 K, 4e-5 below 304.1 K and 2e-3 in between down to 1 mK from the critical point,
 /// where the property goes to zero and the fit does not.
-void calculate_ssnd(const double& dens, const double& temp, double& ssnd) noexcept;
+[[gnu::visibility("default")]] void calculate_ssnd(const double& dens, const double& temp,
+                                                   double& ssnd) noexcept;
 
 }  // namespace co2_properties

@@ -12,6 +12,7 @@ namespace co2_properties {
 /// Accuracy: 3.1e-6 relative to A. Fenghour, W. A. Wakeham, V. Vesovic, J. Phys. Chem. Ref. Data 27
 /// (1998) 31, without its critical enhancement; worst near 630 K for the dilute gas, where
 /// coefficients of the patch are held at known values, elsewhere mostly below 2e-7.
-void calculate_visc(const double& dens, const double& temp, double& visc) noexcept;
+[[gnu::visibility("default")]] void calculate_visc(const double& dens, const double& temp,
+                                                   double& visc) noexcept;
 
 }  // namespace co2_properties

@@ -9,7 +9,7 @@ namespace co2_properties {
 /// \return temperature, K
 /// Accuracy against the saturation line of Span & Wagner, J. Phys. Chem. Ref. Data 25 (1996) 1509:
 /// 6e-5 K, worst near 7280 kPa.
-[[nodiscard]] double calc_sat_temp(const double& pres) noexcept;
+[[nodiscard, gnu::visibility("default")]] double calc_sat_temp(const double& pres) noexcept;
 
 /// Saturation pressure: that of the vapour element at the saturated vapour density, bit for bit the
 /// pressure which `co2_td` reports for a two-phase state.
@@ -17,6 +17,6 @@ namespace co2_properties {
 ///              gives NaN out; there is no failure.
 /// \return pressure, kPa. It agrees with the inverse of `calc_sat_temp` to the accuracy of the two
 /// fits. Accuracy as above, relative: 3e-7, worst near 301.8 K.
-[[nodiscard]] double calc_sat_pres(const double& temp) noexcept;
+[[nodiscard, gnu::visibility("default")]] double calc_sat_pres(const double& temp) noexcept;
 
 }  // namespace co2_properties

@@ -17,8 +17,8 @@ namespace co2_properties {
 /// every edge.
 /// Accuracy within the limits: 5e-5, relative to Span & Wagner, J. Phys. Chem. Ref. Data 25 (1996)
 /// 1509; two Newton steps for (p, h) from both estimates reach the rounding of the element table.
-void temp_from_hp(const double& enth, const double& pres, double& temp,
-                  std::int32_t& flag) noexcept;
+[[gnu::visibility("default")]] void temp_from_hp(const double& enth, const double& pres,
+                                                 double& temp, std::int32_t& flag) noexcept;
 
 /// Estimate of the density of a single-phase state.
 /// \param enth  enthalpy, kJ/kg
@@ -26,6 +26,7 @@ void temp_from_hp(const double& enth, const double& pres, double& temp,
 /// \param dens  density, kg/m3
 /// As `temp_from_hp`, with cells of its own: the two estimates are not exactly one state.
 /// Accuracy: 5e-5; below 1000 kPa and 475 kJ/kg, where the same cells lead to cold liquid, 3e-3.
-void dens_from_hp(const double& enth, const double& pres, double& dens) noexcept;
+[[gnu::visibility("default")]] void dens_from_hp(const double& enth, const double& pres,
+                                                 double& dens) noexcept;
 
 }  // namespace co2_properties

@@ -17,8 +17,8 @@ namespace co2_properties {
 /// in gives NaN out, its flag is that of the cell above every edge.
 /// Accuracy within the limits: 3e-4, relative to Span & Wagner, J. Phys. Chem. Ref. Data 25 (1996)
 /// 1509; two Newton steps for (p, s) from both estimates reach the rounding of the element table.
-void temp_from_sp(const double& entr, const double& pres, double& temp,
-                  std::int32_t& flag) noexcept;
+[[gnu::visibility("default")]] void temp_from_sp(const double& entr, const double& pres,
+                                                 double& temp, std::int32_t& flag) noexcept;
 
 /// Estimate of the density of a single-phase state.
 /// \param entr  entropy, kJ/(kg K)
@@ -26,6 +26,7 @@ void temp_from_sp(const double& entr, const double& pres, double& temp,
 /// \param dens  density, kg/m3
 /// As `temp_from_sp`, with cells of its own: the two estimates are not exactly one state.
 /// Accuracy: 6e-4.
-void dens_from_sp(const double& entr, const double& pres, double& dens) noexcept;
+[[gnu::visibility("default")]] void dens_from_sp(const double& entr, const double& pres,
+                                                 double& dens) noexcept;
 
 }  // namespace co2_properties

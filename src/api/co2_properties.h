@@ -1,0 +1,322 @@
+#ifndef CO2_PROPERTIES_H
+#define CO2_PROPERTIES_H
+/*
+ * Thermodynamic and transport properties of carbon dioxide: the interface for C (from C99 on) and
+ * for every language that can call C. The same library as co2_properties.hpp, to the bit.
+ *
+ *   double temp = 310.0, dens = 600.0, enth, cp;
+ *   int32_t ierr;
+ *   co2_td_select(&temp, &dens, &ierr, &(co2_output_set){.enth = &enth, .cp = &cp});
+ *
+ * Every argument is a pointer. Inputs and `ierr` must not be null; an output that is null is
+ * absent: neither computed nor written. An output may be the variable of an input. No procedure
+ * keeps state or allocates; any number of them may run at once.
+ *
+ * Units: temperature K, pressure kPa, density kg/m3, energies kJ/kg, entropy and heat capacities
+ * kJ/(kg K), speed of sound m/s, viscosity uPa s, thermal conductivity W/(m K).
+ * Range: 240 K to 1500 K and 1 kPa to 100000 kPa, gas, liquid, supercritical and two-phase.
+ *
+ * Equilibrium properties are local fits of the equation of state of R. Span and W. Wagner, J. Phys.
+ * Chem. Ref. Data 25 (1996) 1509; accuracy: docs/accuracy.md.
+ */
+
+/* NOLINTBEGIN(modernize-*, readability-identifier-naming): C has its own ways */
+#include <stddef.h>
+#include <stdint.h>
+
+#if defined(__GNUC__)
+#pragma GCC visibility push(default) /* what the shared library exports */
+#endif
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/* ---- State entries -------------------------------------------------------------------------- */
+
+/**
+ * Where the results of a state go; members that are not named in an initializer are null.
+ */
+typedef struct co2_output_set {
+  double* temp; /**< temperature, K */
+  double* pres; /**< pressure, kPa */
+  double* dens; /**< density, kg/m3 */
+  double* svol; /**< specific volume, m3/kg */
+  /** Vapour mass fraction. Below the critical temperature the lever value, not clipped: below 0 in
+      liquid, above 1 in vapour. At or above it 998 below the critical pressure, else 999. */
+  double* qual;
+  double* inte; /**< specific internal energy, kJ/kg */
+  double* enth; /**< specific enthalpy, kJ/kg; 200 for saturated liquid at 273.15 K */
+  double* entr; /**< specific entropy, kJ/(kg K); 1 for saturated liquid at 273.15 K */
+  double* cv;   /**< isochoric heat capacity, kJ/(kg K) */
+  double* cp;   /**< isobaric heat capacity, kJ/(kg K) */
+  double* ssnd; /**< speed of sound, m/s */
+  double* visc; /**< viscosity, uPa s */
+  double* cond; /**< thermal conductivity, W/(m K) */
+  double* dpdd; /**< (dp/drho) at constant T, kPa m3/kg */
+  double* dpdt; /**< (dp/dT) at constant rho, kPa/K */
+  double* dhdd; /**< (dh/drho) at constant T, kJ m3/kg2 */
+  double* dhdt; /**< (dh/dT) at constant rho, kJ/(kg K) */
+  double* dsdd; /**< (ds/drho) at constant T, kJ m3/(kg2 K) */
+  double* dsdt; /**< (ds/dT) at constant rho, kJ/(kg K2) */
+} co2_output_set;
+
+/**
+ * State from temperature and density.
+ * \param temp_in  temperature, K, 240 to 1500
+ * \param dens_in  density, kg/m3, from 0.0035287466 up to that of 100000 kPa
+ * \param ierr     always written: 0 success; -101 two phases and one of cv, cp, ssnd, visc, cond is
+ *                 present; the errors, in the order of the tests: 103 density below its lowest
+ *                 value, 102 temperature above 1500, 101 temperature below 240, 103 pressure below
+ *                 1, 104 pressure above 100000
+ * \param temp     and the following: the outputs, see co2_output_set
+ *
+ * A negative code is a warning: the outputs hold what could be computed. A positive one is an
+ * error: every present output is +0.0. The limits are accepted, and so is NaN, which comes out in
+ * the outputs that depend on it.
+ *
+ * Where two phases coexist, `pres` is that of the vapour, `inte`, `enth` and `entr` are weighted by
+ * `qual`, and cv, cp, ssnd, visc, cond and the six derivatives are zero.
+ */
+void co2_td(const double* temp_in, const double* dens_in, int32_t* ierr, double* temp, double* pres,
+            double* dens, double* svol, double* qual, double* inte, double* enth, double* entr,
+            double* cv, double* cp, double* ssnd, double* visc, double* cond, double* dpdd,
+            double* dpdt, double* dhdd, double* dhdt, double* dsdd, double* dsdt);
+
+/**
+ * State from temperature and pressure; never two-phase.
+ * \param temp_in  temperature, K, 240 to 1500
+ * \param pres_in  pressure, kPa, 1 to 100000
+ * \param ierr     0 or, in the order of the tests: 203 pressure below 1, 204 pressure above 100000,
+ *                 201 temperature below 240, 205 pressure equal to that of saturation, where the
+ *                 state is undefined, 202 temperature above 1500, 207 the density was not found
+ *
+ * NaN as pressure gives 205 below the critical temperature and 207 from it on; NaN as temperature
+ * gives 207.
+ */
+void co2_tp(const double* temp_in, const double* pres_in, int32_t* ierr, double* temp, double* pres,
+            double* dens, double* svol, double* qual, double* inte, double* enth, double* entr,
+            double* cv, double* cp, double* ssnd, double* visc, double* cond, double* dpdd,
+            double* dpdt, double* dhdd, double* dhdt, double* dsdd, double* dsdt);
+
+/**
+ * State from pressure and enthalpy.
+ * \param pres_in  pressure, kPa, 1 to 100000
+ * \param enth_in  specific enthalpy, kJ/kg, of a temperature of 240 K to 1500 K
+ * \param ierr     0; -301 two phases and one of cv, cp, ssnd is present; -302 within 0.08 K of the
+ *                 critical temperature, pressure or enthalpy are met to more than 1e-4 only; the
+ *                 errors 303 pressure below 1, 304 pressure above 100000, 301 temperature below
+ *                 240, 302 temperature above 1500, 305 no temperature and density found
+ *
+ * In two phases visc and cond are those of the phases weighted by `qual`; cv, cp, ssnd and the six
+ * derivatives are zero. NaN gives 305.
+ */
+void co2_ph(const double* pres_in, const double* enth_in, int32_t* ierr, double* temp, double* pres,
+            double* dens, double* svol, double* qual, double* inte, double* enth, double* entr,
+            double* cv, double* cp, double* ssnd, double* visc, double* cond, double* dpdd,
+            double* dpdt, double* dhdd, double* dhdt, double* dsdd, double* dsdt);
+
+/**
+ * State from pressure and entropy; as co2_ph, with its own codes.
+ * \param pres_in  pressure, kPa, 1 to 100000
+ * \param entr_in  specific entropy, kJ/(kg K), of a temperature of 240 K to 1500 K
+ * \param ierr     0; -401 two phases and one of cv, cp, ssnd, visc, cond is present: all of them
+ *                 are zero then; -402 and 401 to 405 as -302 and 301 to 305 in co2_ph
+ */
+void co2_ps(const double* pres_in, const double* entr_in, int32_t* ierr, double* temp, double* pres,
+            double* dens, double* svol, double* qual, double* inte, double* enth, double* entr,
+            double* cv, double* cp, double* ssnd, double* visc, double* cond, double* dpdd,
+            double* dpdt, double* dhdd, double* dhdt, double* dsdd, double* dsdt);
+
+/** The same with the outputs selected in a set; `out` must not be null. */
+void co2_td_select(const double* temp_in, const double* dens_in, int32_t* ierr,
+                   const co2_output_set* out);
+void co2_tp_select(const double* temp_in, const double* pres_in, int32_t* ierr,
+                   const co2_output_set* out);
+void co2_ph_select(const double* pres_in, const double* enth_in, int32_t* ierr,
+                   const co2_output_set* out);
+void co2_ps_select(const double* pres_in, const double* entr_in, int32_t* ierr,
+                   const co2_output_set* out);
+
+/* ---- State entries for arrays --------------------------------------------------------------- */
+
+/**
+ * A caller's array: element i is data[i * stride]. Strides count elements and may be negative; 0 on
+ * an input means one value for all states.
+ */
+typedef struct co2_inputs {
+  const double* data;
+  ptrdiff_t stride;
+} co2_inputs;
+
+/** An array of results; absent if `data` is null. */
+typedef struct co2_outputs {
+  double* data;
+  ptrdiff_t stride;
+} co2_outputs;
+
+/** An array of status codes. */
+typedef struct co2_codes {
+  int32_t* data;
+  ptrdiff_t stride;
+} co2_codes;
+
+/** co2_output_set with an array for each result. */
+typedef struct co2_batch_output_set {
+  co2_outputs temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, ssnd, visc, cond, dpdd, dpdt,
+      dhdd, dhdt, dsdd, dsdt;
+} co2_batch_output_set;
+
+/**
+ * Each of these does for `count` states what the entry without _batch does for one, to the bit. A
+ * state in error gets its code and +0.0 and leaves the others alone.
+ *
+ * An output may be the very array of an input, with the same data and stride. Otherwise no array
+ * that is written may overlap another one. No argument may be null.
+ */
+void co2_td_batch(const size_t* count, const co2_inputs* temp_in, const co2_inputs* dens_in,
+                  const co2_codes* ierr, const co2_batch_output_set* out);
+void co2_tp_batch(const size_t* count, const co2_inputs* temp_in, const co2_inputs* pres_in,
+                  const co2_codes* ierr, const co2_batch_output_set* out);
+void co2_ph_batch(const size_t* count, const co2_inputs* pres_in, const co2_inputs* enth_in,
+                  const co2_codes* ierr, const co2_batch_output_set* out);
+void co2_ps_batch(const size_t* count, const co2_inputs* pres_in, const co2_inputs* entr_in,
+                  const co2_codes* ierr, const co2_batch_output_set* out);
+
+/* ---- Constants, messages, outputs ----------------------------------------------------------- */
+
+/**
+ * Reference constants and limits; each argument may be null.
+ * \param tcrit    critical temperature, 304.1282 K
+ * \param dcrit    critical density, 467.6 kg/m3
+ * \param pcrit    critical pressure, 7377.3 kPa
+ * \param tmin     lowest temperature accepted, 240 K
+ * \param tmax     highest temperature accepted, 1500 K
+ * \param pmin     lowest pressure accepted, 1 kPa
+ * \param pmax     highest pressure accepted, 100000 kPa
+ * \param tsatmin  lowest temperature of the saturation line, 240 K
+ * \param psatmin  saturation pressure there, 1282.4835 kPa
+ */
+void co2_info(double* tcrit, double* dcrit, double* pcrit, double* tmin, double* tmax, double* pmin,
+              double* pmax, double* tsatmin, double* psatmin);
+
+/**
+ * Text of a status code.
+ * \param ierr  any value; a code without a text of its own (0, 306 and -402 among them) gives that
+ *              of an unknown error
+ * \param text  receives 255 characters, padded with blanks; no terminating zero is written, so
+ *              print it with "%.255s" or give it 256 characters and terminate it
+ */
+void co2_error_message(const int32_t* ierr, char* text);
+
+/** Sets every present output to +0.0. */
+void zero_outputs(double* temp, double* pres, double* dens, double* svol, double* qual,
+                  double* inte, double* enth, double* entr, double* cv, double* cp, double* ssnd,
+                  double* visc, double* cond, double* dpdd, double* dpdt, double* dhdd,
+                  double* dhdt, double* dsdd, double* dsdt);
+
+/* ---- The parts of which the entries are made --------------------------------------------------
+ *
+ * For hosts that need one quantity and know their phase. None of them tests its arguments or can
+ * fail: outside its range a fit extrapolates, and NaN in gives NaN out. No argument may be null.
+ */
+
+/** Density of the saturated liquid or vapour, kg/m3, at a temperature of 240 K to 304.1282 K. */
+double calc_sat_liq_dens(const double* temp);
+double calc_sat_vap_dens(const double* temp);
+
+/** Saturation temperature, K, at a pressure of 1282.4835 kPa to 7377.3 kPa. */
+double calc_sat_temp(const double* pres);
+
+/** Saturation pressure, kPa, at a temperature of 240 K to 304.1282 K. */
+double calc_sat_pres(const double* temp);
+
+/**
+ * Element, 1..649, that holds a state given by temperature, K, and density, kg/m3, for each region:
+ * vapour and liquid below the critical temperature, supercritical from it on. Always an element of
+ * the region; states outside it, NaN included, are sent to one of its outer elements.
+ */
+int32_t vap_index_from_td(const double* temp, const double* dens);
+int32_t liq_index_from_td(const double* temp, const double* dens);
+int32_t sc_index_from_td(const double* temp, const double* dens);
+
+/**
+ * The same from temperature, K, and pressure, kPa, which has to lie on the region's side of
+ * saturation.
+ */
+int32_t vap_index_from_tp(const double* temp, const double* pres);
+int32_t liq_index_from_tp(const double* temp, const double* pres);
+int32_t sc_index_from_tp(const double* temp, const double* pres);
+
+/**
+ * Start values of co2_ph and co2_ps: temperature, K, with a flag that is 1 where the state may be
+ * two-phase, and density, kg/m3, from enthalpy, kJ/kg, or entropy, kJ/(kg K), and pressure, kPa.
+ */
+void temp_from_hp(const double* enth, const double* pres, double* temp, int32_t* flag);
+void dens_from_hp(const double* enth, const double* pres, double* dens);
+void temp_from_sp(const double* entr, const double* pres, double* temp, int32_t* flag);
+void dens_from_sp(const double* entr, const double* pres, double* dens);
+
+/** Specific Helmholtz energy a, kJ/kg, and its derivatives in temperature (K) and density. */
+typedef struct co2_helmholtz_derivatives {
+  double a;    /**< a, kJ/kg */
+  double a_t;  /**< (da/dT) at constant density */
+  double a_d;  /**< (da/drho) at constant temperature */
+  double a_tt; /**< second derivative in T */
+  double a_dd; /**< second derivative in rho */
+  double a_td; /**< mixed second derivative */
+} co2_helmholtz_derivatives;
+
+/**
+ * Helmholtz energy and its derivatives from element `e`.
+ * \param e     1..649, not tested: one of the indices above
+ * \param temp  temperature, K
+ * \param dens  density, kg/m3, above 0
+ */
+co2_helmholtz_derivatives element_derivatives(const int32_t* e, const double* temp,
+                                              const double* dens);
+
+/** Viscosity, uPa s, and thermal conductivity, W/(m K), of a single-phase state. */
+void calculate_visc(const double* dens, const double* temp, double* visc);
+void calculate_cond(const double* dens, const double* temp, double* cond);
+
+/** Heat capacities, kJ/(kg K), and speed of sound, m/s, near the critical point. */
+void calculate_cp(const double* dens, const double* temp, double* cp);
+void calculate_cv(const double* dens, const double* temp, double* cv);
+void calculate_ssnd(const double* dens, const double* temp, double* ssnd);
+
+/* ---- Entries with fixed arguments -----------------------------------------------------------
+ *
+ * For callers that cannot leave out arguments, with the link names that Fortran gives to FITTP and
+ * FITPH. On an error they print the message to standard output and end the process.
+ */
+
+/**
+ * co2_tp with fixed arguments.
+ * \param temp  temperature, K
+ * \param pres  pressure, kPa
+ * \param enth  enthalpy, kJ/kg; `dens` density, kg/m3; `cv`, `cp` heat capacities, kJ/(kg K);
+ *              `cond` thermal conductivity, W/(m K); `visc` viscosity, Pa s
+ */
+void fittp_(const double* temp, const double* pres, double* enth, double* dens, double* cv,
+            double* cp, double* cond, double* visc);
+
+/**
+ * co2_ph with fixed arguments. Warnings are dropped: cv and cp of a mixture are zero.
+ * \param pres  pressure, kPa
+ * \param enth  specific enthalpy, kJ/kg
+ * \param temp  temperature, K; `dens` to `visc` as above
+ * \param qual  vapour mass fraction within [0, 1]: 0 in liquid, 1 in vapour and from the critical
+ *              temperature on
+ */
+void fitph_(const double* pres, const double* enth, double* temp, double* dens, double* cv,
+            double* cp, double* cond, double* visc, double* qual);
+
+#ifdef __cplusplus
+}
+#endif
+#if defined(__GNUC__)
+#pragma GCC visibility pop
+#endif
+/* NOLINTEND(modernize-*, readability-identifier-naming) */
+
+#endif
