@@ -21,9 +21,11 @@ class StridedSpan {
  public:
   /// An absent output.
   constexpr StridedSpan() noexcept = default;
+  /// `size` elements, the first of them at `data`.
   constexpr StridedSpan(T* const data, const std::size_t size,
                         const std::ptrdiff_t stride = 1) noexcept
       : data_(data), size_(size), stride_(stride) {}
+  /// A std::span, std::vector, array or any other contiguous range, with stride 1.
   template <class Range>
   requires std::convertible_to<Range&&, std::span<T>>
   // NOLINTNEXTLINE(bugprone-forwarding-reference-overload): this class is no contiguous range
@@ -33,9 +35,10 @@ class StridedSpan {
     size_ = span.size();
   }
 
-  [[nodiscard]] constexpr T* data() const noexcept { return data_; }
-  [[nodiscard]] constexpr std::size_t size() const noexcept { return size_; }
-  [[nodiscard]] constexpr std::ptrdiff_t stride() const noexcept { return stride_; }
+  [[nodiscard]] constexpr T* data() const noexcept { return data_; }                  ///< element 0
+  [[nodiscard]] constexpr std::size_t size() const noexcept { return size_; }         ///< elements
+  [[nodiscard]] constexpr std::ptrdiff_t stride() const noexcept { return stride_; }  ///< elements
+  /// Element i, which must be less than the size.
   [[nodiscard]] constexpr T& operator[](const std::size_t i) const noexcept {
     return data_[static_cast<std::ptrdiff_t>(i) * stride_];
   }
@@ -70,15 +73,18 @@ struct BatchOutputSet {
   StridedSpan<double> dsdt = {};  ///< (ds/dT) at constant rho, kJ/(kg K2)
 };
 
-// Each of these does for every state i what the entry without `_batch` does, to the bit: it writes
-// ierr[i] and element i of the present outputs. A state that is in error gets its code and +0.0 and
-// leaves the others alone.
-//
-// An output may be the very array of an input, with the same data and stride. Otherwise no array
-// that is written may overlap another one.
-//
-// Returns false, and touches nothing, if the length of the second input, of `ierr` or of a present
-// output differs from that of the first input; else true.
+/// \name Entries for arrays
+///
+/// Each of these does for every state i what the entry without `_batch` does, to the bit: it writes
+/// ierr[i] and element i of the present outputs. A state that is in error gets its code and +0.0 and
+/// leaves the others alone.
+///
+/// An output may be the very array of an input, with the same data and stride. Otherwise no array
+/// that is written may overlap another one.
+///
+/// Returns false, and touches nothing, if the length of the second input, of `ierr` or of a present
+/// output differs from that of the first input; else true.
+/// \{
 
 /// States from temperature, K, and density, kg/m3: `co2_td`.
 bool co2_td_batch(StridedSpan<const double> temp, StridedSpan<const double> dens,
@@ -95,6 +101,8 @@ bool co2_ph_batch(StridedSpan<const double> pres, StridedSpan<const double> enth
 /// States from pressure, kPa, and specific entropy, kJ/(kg K): `co2_ps`.
 bool co2_ps_batch(StridedSpan<const double> pres, StridedSpan<const double> entr,
                   StridedSpan<std::int32_t> ierr, const BatchOutputSet& out) noexcept;
+
+/// \}
 
 }  // namespace co2_properties
 

@@ -144,26 +144,43 @@ void co2_ps_select(const double* pres_in, const double* entr_in, int32_t* ierr,
  * an input means one value for all states.
  */
 typedef struct co2_inputs {
-  const double* data;
-  ptrdiff_t stride;
+  const double* data; /**< element 0 */
+  ptrdiff_t stride;   /**< elements from one to the next */
 } co2_inputs;
 
 /** An array of results; absent if `data` is null. */
 typedef struct co2_outputs {
-  double* data;
-  ptrdiff_t stride;
+  double* data;     /**< element 0, or null */
+  ptrdiff_t stride; /**< elements from one to the next */
 } co2_outputs;
 
 /** An array of status codes. */
 typedef struct co2_codes {
-  int32_t* data;
-  ptrdiff_t stride;
+  int32_t* data;    /**< element 0 */
+  ptrdiff_t stride; /**< elements from one to the next */
 } co2_codes;
 
 /** co2_output_set with an array for each result. */
 typedef struct co2_batch_output_set {
-  co2_outputs temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, ssnd, visc, cond, dpdd, dpdt,
-      dhdd, dhdt, dsdd, dsdt;
+  co2_outputs temp; /**< temperature, K */
+  co2_outputs pres; /**< pressure, kPa */
+  co2_outputs dens; /**< density, kg/m3 */
+  co2_outputs svol; /**< specific volume, m3/kg */
+  co2_outputs qual; /**< vapour mass fraction, see co2_output_set */
+  co2_outputs inte; /**< specific internal energy, kJ/kg */
+  co2_outputs enth; /**< specific enthalpy, kJ/kg */
+  co2_outputs entr; /**< specific entropy, kJ/(kg K) */
+  co2_outputs cv;   /**< isochoric heat capacity, kJ/(kg K) */
+  co2_outputs cp;   /**< isobaric heat capacity, kJ/(kg K) */
+  co2_outputs ssnd; /**< speed of sound, m/s */
+  co2_outputs visc; /**< viscosity, uPa s */
+  co2_outputs cond; /**< thermal conductivity, W/(m K) */
+  co2_outputs dpdd; /**< (dp/drho) at constant T, kPa m3/kg */
+  co2_outputs dpdt; /**< (dp/dT) at constant rho, kPa/K */
+  co2_outputs dhdd; /**< (dh/drho) at constant T, kJ m3/kg2 */
+  co2_outputs dhdt; /**< (dh/dT) at constant rho, kJ/(kg K) */
+  co2_outputs dsdd; /**< (ds/drho) at constant T, kJ m3/(kg2 K) */
+  co2_outputs dsdt; /**< (ds/dT) at constant rho, kJ/(kg K2) */
 } co2_batch_output_set;
 
 /**

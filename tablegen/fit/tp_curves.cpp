@@ -391,6 +391,7 @@ std::string region_source(const RegionTable& table) {
   std::size_t count = 0;
   for (const std::vector<TpRow>& column : table.columns) {
     std::vector<std::string> items;
+    items.reserve(column.size());
     for (const TpRow& row : column) items.push_back(format("{%u, %u}", row.element, row.curve));
     rows += wrapped_list(items);
     count += column.size();
@@ -438,11 +439,12 @@ std::string report(const RegionTable& table) {
 Difference compare(const std::vector<RegionTable>& tables, const std::vector<Element>& elements,
                    const std::string& source, const std::string_view other) {
   Difference d{0.0, 2.0 * dens_tolerance, "distance between curves, kg/m3"};
-  const Difference unlike{std::numeric_limits<double>::infinity(), d.allowed,
-                          "a text of another shape"};
+  const auto unlike = [&d]() -> Difference {
+    return {std::numeric_limits<double>::infinity(), d.allowed, "a text of another shape"};
+  };
   const std::vector<double> mine = numbers_in(source);
   const std::vector<double> theirs = numbers_in(other);
-  if (mine.size() != theirs.size()) return unlike;
+  if (mine.size() != theirs.size()) return unlike();
   std::size_t at = 0;
   for (const RegionTable& table : tables) {
     std::size_t layout = 2 * table.temp_edges.size() + 2;  // edges, first
@@ -450,12 +452,12 @@ Difference compare(const std::vector<RegionTable>& tables, const std::vector<Ele
     if (!std::equal(mine.begin() + static_cast<std::ptrdiff_t>(at),
                     mine.begin() + static_cast<std::ptrdiff_t>(at + layout),
                     theirs.begin() + static_cast<std::ptrdiff_t>(at))) {
-      return unlike;
+      return unlike();
     }
     at += layout;
     for (const Curve& curve : table.curves) {
       IsochoreCurve their{theirs[at], {}};
-      if (their.temp_start != curve.stored.temp_start) return unlike;
+      if (their.temp_start != curve.stored.temp_start) return unlike();
       std::copy_n(theirs.begin() + static_cast<std::ptrdiff_t>(at + 1), curve_terms, their.coef);
       at += 1 + curve_terms;
       const Span span = active_span(elements, curve);
