@@ -76,8 +76,8 @@ struct BatchOutputSet {
 /// \name Entries for arrays
 ///
 /// Each of these does for every state i what the entry without `_batch` does, to the bit: it writes
-/// ierr[i] and element i of the present outputs. A state that is in error gets its code and +0.0 and
-/// leaves the others alone.
+/// ierr[i] and element i of the present outputs. A state that is in error gets its code and +0.0
+/// and leaves the others alone.
 ///
 /// An output may be the very array of an input, with the same data and stride. Otherwise no array
 /// that is written may overlap another one.
