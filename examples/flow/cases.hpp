@@ -12,7 +12,7 @@ namespace flow {
 enum class End {
   through,  ///< nothing comes back: the flow goes on unchanged
   wall,
-  open,  ///< to the pressure outside; for flow outwards only
+  open,  ///< to the pressure outside, with a flap that lets nothing back in
   ring   ///< both ends are one
 };
 

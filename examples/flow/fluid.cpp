@@ -162,9 +162,9 @@ State Fluid::from_energy(const double dens, const double inte, const double temp
     const bool keep = step < newton_steps && next > cold && next < hot;
     temp = keep ? next : std::midpoint(cold, hot);
   }
-  throw StateError(
-      fmt::format("no temperature with a density of {} kg/m3 has an internal energy of {} kJ/kg",
-                  dens, inte / j_per_kj));
+  throw StateError(fmt::format(
+      "no temperature of 240 K to 1500 K gives a density of {} kg/m3 the internal energy {} kJ/kg",
+      dens, inte / j_per_kj));
 }
 
 double Fluid::entropy(const State& state) {

@@ -1,9 +1,9 @@
 #pragma once
 // Exact waves of the Euler equations with the equation of state of carbon dioxide, two phases
 // included: rarefactions are integrated along isentropes with `co2_ps`, shocks solved with
-// `co2_ph`. Valid where w grows with pressure along the isentrope apart from the jump on the line
-// of saturation, at which a fan parts in two with a plateau between; this is tested. R. Menikoff,
-// B. J. Plohr, Rev. Mod. Phys. 61 (1989) 75.
+// `co2_ph`. Valid where rho w grows with pressure along the isentrope, which is tested for every
+// fan; on the line of saturation w jumps, and a fan parts in two with a plateau between.
+// R. Menikoff, B. J. Plohr, Rev. Mod. Phys. 61 (1989) 75.
 
 #include <vector>
 

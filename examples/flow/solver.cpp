@@ -124,9 +124,10 @@ Solver::Rates Solver::rates() {
   if (ranks_.last() && case_.right == End::wall) through.back() = only_pressure(through.back());
   if (ranks_.last() && case_.right == End::open) {
     const Timer timer(times_.opening);
-    const Flowing exit = outflow(fluid_, faces_[halo + own_ - 1][1], case_.pres_outside);
-    if (exit.velo < 0.0) throw std::runtime_error("the flow turns back into the open end");
-    through.back() = flux(exit);
+    const Flowing& inside = faces_[halo + own_ - 1][1];
+    const Flowing exit = outflow(fluid_, inside, case_.pres_outside);
+    through.back() =
+        exit.velo > 0.0 ? flux(exit) : only_pressure(hllc_flux(inside, reflected(inside)));
   }
   Rates found{std::vector<Conserved>(own_), through.front(), through.back()};
   for (std::size_t i = 0; i < own_; ++i) found.cells[i] = 1.0 / dx_ * (through[i] - through[i + 1]);
