@@ -197,9 +197,10 @@ TEST(Batch, ServesEveryLengthAndStride) {
     std::vector<double> second;
     random_inputs(entry, 200, first, second);
     for (std::size_t count = 1; count <= 50; ++count) {
-      const std::size_t skip = 150;  // the odd inputs
-      const std::vector<double> x(first.begin() + skip, first.begin() + skip + count);
-      const std::vector<double> y(second.begin() + skip, second.begin() + skip + count);
+      const auto skip = std::ptrdiff_t{150};  // the odd inputs
+      const auto end = skip + static_cast<std::ptrdiff_t>(count);
+      const std::vector<double> x(first.begin() + skip, first.begin() + end);
+      const std::vector<double> y(second.begin() + skip, second.begin() + end);
       for (const std::ptrdiff_t stride : {1, 3, -1, -2}) {
         SCOPED_TRACE(testing::Message() << count << " states, stride " << stride);
         Arrays in(count, stride);

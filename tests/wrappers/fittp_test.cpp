@@ -128,7 +128,7 @@ TEST(Fittp, PrintsTwoRecordsAndEndsTheProcessOnAnError) {
        "undefined"},
   };
   for (const Case& c : cases) {
-    std::array<double, 6> out{};
+    double out[6] = {};
     expect_two_records(run_child([&] {
                          fittp_(&c.temp, &c.pres, &out[0], &out[1], &out[2], &out[3], &out[4],
                                 &out[5]);
@@ -149,7 +149,7 @@ TEST(Fitph, PrintsTwoRecordsAndEndsTheProcessOnAnError) {
        "CO2_PH: specified inputs result in temperature above maximum value of 1500 K"},
   };
   for (const Case& c : cases) {
-    std::array<double, 7> out{};
+    double out[7] = {};
     expect_two_records(run_child([&] {
                          fitph_(&c.pres, &c.enth, &out[0], &out[1], &out[2], &out[3], &out[4],
                                 &out[5], &out[6]);
