@@ -52,7 +52,7 @@ void co2_tp(const double& temp_in, const double& pres_in, std::int32_t& ierr,
 
   const DensitySolution s = solve_density(first, temp, pres);
   if (!s.converged) return fail(status::tp_not_converged, ierr, out);
-  const HelmholtzDerivatives d = evaluate(element(s.element), temp, s.dens, std::log(s.dens));
+  const HelmholtzDerivatives d = evaluate(s.isotherm, s.dens, std::log(s.dens));
   write_single_phase(d, temp, s.dens, pres, SaturatedDensities{}, out);
 }
 

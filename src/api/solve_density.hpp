@@ -3,12 +3,15 @@
 
 #include <cstdint>
 
+#include "eos/helmholtz.hpp"
+
 namespace co2_properties {
 
 /// Where the iteration ended.
 struct DensitySolution {
   std::int32_t element;      ///< holds `dens`, or nearly so
   double dens;               ///< kg/m3
+  Isotherm isotherm;         ///< of the element
   std::int32_t evaluations;  ///< of the pressure, counted from 1
   bool converged;            ///< the pressure was met, and not later than in evaluation 14
 };

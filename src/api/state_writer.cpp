@@ -8,7 +8,8 @@ namespace {
 
 /// Whether a fit around the critical point serves the state; each has its own lowest density.
 bool near_critical(const double temp, const double dens, const double dens_low) noexcept {
-  return dens > dens_low && dens < 580.0 && temp > 302.9 && temp < 310.0;
+  // Temperature first: it is what makes most states fail.
+  return temp < 310.0 && temp > 302.9 && dens < 580.0 && dens > dens_low;
 }
 
 double cv_of(const HelmholtzDerivatives& d, const double temp, const double dens) noexcept {

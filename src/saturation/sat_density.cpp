@@ -19,6 +19,7 @@ constexpr double quintic_end = 301.0;  // K, inclusive
 constexpr double quintic_edges[quintic_count - 1] = {255.0, 265.0, 275.0, 280.0, 285.0,
                                                      290.0, 293.0, 295.0, 296.0, 297.0,
                                                      298.0, 299.0, 299.5, 300.0, 300.5};
+constexpr Axis quintic_axis(quintic_edges, quintic_count - 1);
 
 // Origins in K, coefficients in kg/m3 K^-k.
 constexpr Quintic liquid_quintics[quintic_count] = {
@@ -124,7 +125,7 @@ constexpr Quintic vapour_quintics[quintic_count] = {
 };
 
 double evaluate_quintics(const Quintic (&quintics)[quintic_count], const double temp) noexcept {
-  return evaluate_quintic(quintics[interval({quintic_edges, quintic_count - 1}, temp)], temp);
+  return evaluate_quintic(quintics[interval(quintic_axis, temp)], temp);
 }
 
 // Above 301 K: depressed cubics for y = rho - dens_node - shift, whose constant term is linear in
@@ -165,6 +166,7 @@ constexpr Cubic liquid_cubics[liquid_cubic_count] = {
 constexpr std::int32_t vapour_cubic_count = 5;
 constexpr double vapour_cubic_ends[vapour_cubic_count - 1] = {
     302.5164883654834, 303.43534193209916, 303.91610050434275, 304.10153012365777};
+constexpr Axis vapour_cubic_axis(vapour_cubic_ends, vapour_cubic_count - 1);
 constexpr Cubic vapour_cubics[vapour_cubic_count] = {
     {-823952.8849581947, -250703619.7869157, -18403887211.66774, -2640.198141486856,
      160.2864511480349, 0.0, 0.0, 286.148798474583},
@@ -223,7 +225,7 @@ double calc_sat_liq_dens(const double& temp) noexcept {
 double calc_sat_vap_dens(const double& temp) noexcept {
   if (temp <= quintic_end) return evaluate_quintics(vapour_quintics, temp);
   if (temp == t_crit) return d_crit;
-  const std::int32_t piece = interval({vapour_cubic_ends, vapour_cubic_count - 1}, temp);
+  const std::int32_t piece = interval(vapour_cubic_axis, temp);
   return solve_cubic(vapour_cubics[piece], temp);
 }
 

@@ -17,6 +17,7 @@ namespace {
 constexpr std::int32_t piece_count = 8;
 constexpr double piece_edges[piece_count - 1] = {2000.0, 3000.0, 4000.0, 5000.0,
                                                  6000.0, 6500.0, 7000.0};
+constexpr Axis piece_axis(piece_edges, piece_count - 1);
 constexpr Quintic pieces[piece_count] = {
     {1282.483498444739,
      {240.000002896017, 0.02256621699355332, -6.469079887466315e-6, 2.83461705171135e-9,
@@ -47,7 +48,7 @@ constexpr Quintic pieces[piece_count] = {
 }  // namespace
 
 double calc_sat_temp(const double& pres) noexcept {
-  return evaluate_quintic(pieces[interval({piece_edges, piece_count - 1}, pres)], pres);
+  return evaluate_quintic(pieces[interval(piece_axis, pres)], pres);
 }
 
 double calc_sat_pres(const double& temp) noexcept {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <bit>
+#include <cmath>
 #include <random>
 
 #include "eos/helmholtz.hpp"
@@ -152,6 +153,56 @@ TEST(LocateTp, CurvesCountFromTheirStartTemperature) {
     }
   }
   EXPECT_GT(starts, 50);
+}
+
+// The index only shortens the search: against the search through all rows of the interval, at
+// random states of every interval, closely around its curves and for inputs that are no state.
+TEST(LocateTp, TheIndexDoesNotChangeTheResult) {
+  std::mt19937_64 engine(13);
+  std::uniform_real_distribution<double> unit(0.0, 1.0);
+  for (const Region& region : regions) {
+    const TpMap& map = *region.map;
+    const auto searched = [&](const double temp, const double pres) {
+      const std::int32_t i = interval(map.temp, temp);
+      const TpRow* const row = map.rows + map.first[i];
+      return row[search(map.first[i + 1] - map.first[i] - 1,
+                        [&](const std::int32_t k) {
+                          const IsochoreCurve& curve = map.curves[row[k + 1].curve];
+                          const bool above = !(pres < evaluate_curve(curve, temp));
+                          if (region.last == 93) return temp > curve.temp_start && above;
+                          if (region.last == 222) return temp < curve.temp_start || above;
+                          return above;
+                        })]
+          .element;
+    };
+    const auto check = [&](const double temp, const double pres) {
+      ASSERT_EQ(region.locate(temp, pres), searched(temp, pres))
+          << region.name << std::hexfloat << ' ' << temp << " K " << pres << " kPa";
+    };
+    for (std::int32_t i = 0; i <= map.temp.count; ++i) {
+      const double lo = i == 0 ? map.temp.edges[0] - 10.0 : map.temp.edges[i - 1];
+      const double hi = i == map.temp.count ? lo + 300.0 : map.temp.edges[i];
+      for (int sample = 0; sample < 2000; ++sample) {
+        const double temp =
+            sample < 20 ? (sample < 10 ? lo : next_below(hi)) : lo + unit(engine) * (hi - lo);
+        check(temp, std::pow(10.0, 5.1 * unit(engine)));
+        check(temp, 7377.3 + 200.0 * (unit(engine) - 0.5));
+        const auto rows = static_cast<std::size_t>(map.first[i + 1] - map.first[i] - 1);
+        if (rows == 0) continue;
+        const std::size_t r = map.first[i] + 1 + engine() % rows;
+        const double pres = evaluate_curve(map.curves[map.rows[r].curve], temp);
+        for (const double p : {pres, next_below(pres), next_above(pres), pres * (1.0 + 1e-9),
+                               pres * (1.0 - 1e-9), pres * (1.0 + 1e-6), pres * (1.0 - 1e-6)}) {
+          check(temp, p);
+        }
+      }
+    }
+    for (const double temp : {not_a_number, infinity, -infinity, 0.0, 240.0, 304.1282, 1500.0}) {
+      for (const double pres : {not_a_number, infinity, -infinity, 0.0, 1.0, 7377.3, 1e5}) {
+        check(temp, pres);
+      }
+    }
+  }
 }
 
 TEST(LocateTp, AnyInputStaysInItsRegion) {
