@@ -137,10 +137,10 @@ template <class Caloric>
     const double p_t = dpdt(s.d, s.dens);
     const double c_d = Caloric::by_dens(s.d, s.temp, s.dens);
     const double c_t = Caloric::by_temp(s.d, s.temp, s.dens);
-    const double temp_step =
-        (s.caloric_residual - s.pres_residual * c_d / p_d) / (c_t - c_d * p_t / p_d);
-    s.temp -= temp_step;
-    s.dens -= (s.pres_residual - p_t * temp_step) / p_d;
+    // By Cramer's rule, which divides once: an elimination would divide three times in a row.
+    const double determinant = c_t * p_d - c_d * p_t;
+    s.temp -= (s.caloric_residual * p_d - s.pres_residual * c_d) / determinant;
+    s.dens -= (s.pres_residual * c_t - s.caloric_residual * p_t) / determinant;
     if (++s.evaluations == last_evaluation) break;
   }
   evaluate_here();
