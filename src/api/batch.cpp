@@ -1,5 +1,8 @@
 #include "api/batch.hpp"
 
+#include <iterator>
+
+#include "api/batch_levels.hpp"
 #include "api/co2_properties.hpp"
 
 namespace co2_properties {
@@ -24,7 +27,7 @@ constexpr OutputPair output_pairs[] = {
     {&BatchOutputSet::dpdt, &OutputSet::dpdt}, {&BatchOutputSet::dhdd, &OutputSet::dhdd},
     {&BatchOutputSet::dhdt, &OutputSet::dhdt}, {&BatchOutputSet::dsdd, &OutputSet::dsdd},
     {&BatchOutputSet::dsdt, &OutputSet::dsdt}};
-static_assert(sizeof output_pairs / sizeof(OutputPair) * sizeof(double*) == sizeof(OutputSet));
+static_assert(std::size(output_pairs) == output_count);
 
 bool lengths_agree(const Input& first, const Input& second, const Codes& ierr,
                    const BatchOutputSet& out) noexcept {
@@ -36,46 +39,61 @@ bool lengths_agree(const Input& first, const Input& second, const Codes& ierr,
   return agree;
 }
 
-OutputSet outputs_of(const BatchOutputSet& out, const std::size_t i) noexcept {
-  OutputSet one;
-  for (const auto& [array, value] : output_pairs) {
-    const Output& output = out.*array;
-    if (output.data() != nullptr) one.*value = &output[i];
+template <auto entry>
+void run_one_by_one(const Batch& batch) noexcept {
+  OutputCursor outputs(batch.out);
+  for (std::size_t i = 0; i < batch.first.size(); ++i) {
+    entry(batch.first[i], batch.second[i], batch.ierr[i], outputs.at(i));
   }
-  return one;
 }
 
-using Entry = void (*)(const double&, const double&, std::int32_t&, const OutputSet&) noexcept;
-
-bool run(const Entry entry, const Input& first, const Input& second, const Codes& ierr,
-         const BatchOutputSet& out) noexcept {
-  if (!lengths_agree(first, second, ierr, out)) return false;
-  for (std::size_t i = 0; i < first.size(); ++i) {
-    entry(first[i], second[i], ierr[i], outputs_of(out, i));
-  }
+bool run(const BatchEntries::Run BatchEntries::*const entry, const Batch& batch) noexcept {
+  if (!lengths_agree(batch.first, batch.second, batch.ierr, batch.out)) return false;
+  (widest_entries().*entry)(batch);
   return true;
 }
 
 }  // namespace
 
+OutputCursor::OutputCursor(const BatchOutputSet& out) noexcept {
+  for (const auto& [array, value] : output_pairs) {
+    if ((out.*array).data() == nullptr) continue;
+    slots_[count_] = &(one_.*value);
+    arrays_[count_] = &(out.*array);
+    ++count_;
+  }
+}
+
+constexpr BatchEntries one_by_one = {
+    run_one_by_one<SingleEntry{co2_td}>, run_one_by_one<SingleEntry{co2_tp}>,
+    run_one_by_one<SingleEntry{co2_ph}>, run_one_by_one<SingleEntry{co2_ps}>};
+
+const BatchEntries& widest_entries() noexcept {
+#if defined(__x86_64__) && defined(__GNUC__)
+  if (eight_lanes != nullptr && __builtin_cpu_supports("avx512f") != 0) return *eight_lanes;
+  if (four_lanes != nullptr && __builtin_cpu_supports("avx2") != 0) return *four_lanes;
+#endif
+  return one_by_one;
+}
+
 bool co2_td_batch(const Input temp, const Input dens, const Codes ierr,
                   const BatchOutputSet& out) noexcept {
-  return run(co2_td, temp, dens, ierr, out);
+  return run(&BatchEntries::td, {temp, dens, ierr, out});
 }
 
 bool co2_tp_batch(const Input temp, const Input pres, const Codes ierr,
                   const BatchOutputSet& out) noexcept {
-  return run(co2_tp, temp, pres, ierr, out);
+  return run(&BatchEntries::tp, {temp, pres, ierr, out});
 }
 
 bool co2_ph_batch(const Input pres, const Input enth, const Codes ierr,
                   const BatchOutputSet& out) noexcept {
-  return run(co2_ph, pres, enth, ierr, out);
+  return run(&BatchEntries::ph, {pres, enth, ierr, out});
 }
 
 bool co2_ps_batch(const Input pres, const Input entr, const Codes ierr,
                   const BatchOutputSet& out) noexcept {
-  return run(co2_ps, pres, entr, ierr, out);
+  return run(&BatchEntries::ps, {pres, entr, ierr, out});
 }
 
 }  // namespace co2_properties

@@ -33,6 +33,7 @@ struct CaloricCodes {
 
 /// What is known before the iteration: where it starts or, for a mixture, the state itself.
 struct CaloricStart {
+  std::int32_t code = status::success;
   bool is_mixture = false;
   std::int32_t element = 0;  ///< to start with
   double temp = 0.0;         ///< K
@@ -45,6 +46,10 @@ struct CaloricStart {
 template <class Caloric>
 [[nodiscard]] CaloricStart start_caloric(const double pres, const double caloric) noexcept {
   CaloricStart s;
+  if (pres < pres_min || pres > pres_max) {
+    s.code = pres < pres_min ? Caloric::codes.pres_below_min : Caloric::codes.pres_above_max;
+    return s;
+  }
   if (!Caloric::start(caloric, pres, s.temp, s.dens)) {
     s.element = relocate(s.temp, s.dens);
     return s;
@@ -105,6 +110,25 @@ struct CaloricSolution {
 inline constexpr std::int32_t last_accepted_evaluation = 14;
 inline constexpr std::int32_t last_evaluation = 16;
 
+/// One Newton step, to be subtracted; for one state or for lanes. By Cramer's rule, which divides
+/// once: an elimination would divide three times in a row.
+template <class Real>
+struct CaloricStep {
+  Real temp, dens;
+};
+template <class Caloric, class Derivatives, class Real>
+[[nodiscard, gnu::always_inline]] inline CaloricStep<Real> caloric_step(
+    const Derivatives& d, const Real& temp, const Real& dens, const Real& pres_residual,
+    const Real& caloric_residual) noexcept {
+  const Real p_d = dpdd(d, dens);
+  const Real p_t = dpdt(d, dens);
+  const Real c_d = Caloric::by_dens(d, temp, dens);
+  const Real c_t = Caloric::by_temp(d, temp, dens);
+  const Real determinant = c_t * p_d - c_d * p_t;
+  return {(caloric_residual * p_d - pres_residual * c_d) / determinant,
+          (pres_residual * c_t - caloric_residual * p_t) / determinant};
+}
+
 /// Newton's method in temperature and density on the elements.
 /// \param first       element to start with
 /// \param temp, dens  start values, K and kg/m3
@@ -133,14 +157,10 @@ template <class Caloric>
         std::abs(s.caloric_residual) < target.caloric_tolerance) {
       return s;
     }
-    const double p_d = dpdd(s.d, s.dens);
-    const double p_t = dpdt(s.d, s.dens);
-    const double c_d = Caloric::by_dens(s.d, s.temp, s.dens);
-    const double c_t = Caloric::by_temp(s.d, s.temp, s.dens);
-    // By Cramer's rule, which divides once: an elimination would divide three times in a row.
-    const double determinant = c_t * p_d - c_d * p_t;
-    s.temp -= (s.caloric_residual * p_d - s.pres_residual * c_d) / determinant;
-    s.dens -= (s.pres_residual * c_t - s.caloric_residual * p_t) / determinant;
+    const auto step =
+        caloric_step<Caloric>(s.d, s.temp, s.dens, s.pres_residual, s.caloric_residual);
+    s.temp -= step.temp;
+    s.dens -= step.dens;
     if (++s.evaluations == last_evaluation) break;
   }
   evaluate_here();
@@ -173,15 +193,13 @@ template <class Caloric>
 
 // ---- Entry -------------------------------------------------------------------------------------
 
+/// \param start  what `start_caloric` found for the same pressure and property
 template <class Caloric>
-void caloric_entry(const double pres, const double caloric, std::int32_t& ierr,
-                   const OutputSet& out) noexcept {
+void finish_caloric(const CaloricStart& start, const double pres, const double caloric,
+                    std::int32_t& ierr, const OutputSet& out) noexcept {
   constexpr CaloricCodes codes = Caloric::codes;
+  if (start.code != status::success) return fail(start.code, ierr, out);
   ierr = status::success;
-  if (pres < pres_min) return fail(codes.pres_below_min, ierr, out);
-  if (pres > pres_max) return fail(codes.pres_above_max, ierr, out);
-
-  const CaloricStart start = start_caloric<Caloric>(pres, caloric);
   if (start.is_mixture) {
     ierr = Caloric::write_mixture(start.temp, start.dens, start.qual, start.liq, start.vap, out);
     return;

@@ -3,11 +3,21 @@
 
 #include <cstdint>
 
+#include "api/batch_levels.hpp"
 #include "api/caloric_entry.hpp"
 #include "solvers/from_hp.hpp"
 #include "solvers/from_sp.hpp"
 
 namespace co2_properties {
+
+/// The two halves of `co2_ph` and `co2_ps`: `start_caloric`, for pressure, kPa, and enthalpy or
+/// entropy, and `finish_caloric`.
+[[nodiscard]] CaloricStart place_ph(double pres, double enth) noexcept;
+void finish_ph(const CaloricStart& start, double pres, double enth, std::int32_t& ierr,
+               const OutputSet& out) noexcept;
+[[nodiscard]] CaloricStart place_ps(double pres, double entr) noexcept;
+void finish_ps(const CaloricStart& start, double pres, double entr, std::int32_t& ierr,
+               const OutputSet& out) noexcept;
 
 struct Enthalpy {
   static constexpr CaloricCodes codes = {status::ph_temp_below_min,   status::ph_temp_above_max,
@@ -15,22 +25,29 @@ struct Enthalpy {
                                          status::ph_not_converged,    status::ph_two_phase,
                                          status::ph_loosely_converged};
 
+  static constexpr SingleEntry entry = co2_ph;
+  static constexpr auto place = place_ph;
+  static constexpr auto finish = finish_ph;
+
   static bool start(const double enth, const double pres, double& temp, double& dens) noexcept {
     std::int32_t flag = 0;
     temp_from_hp(enth, pres, temp, flag);
     dens_from_hp(enth, pres, dens);
     return flag != 0;
   }
-  static double value(const HelmholtzDerivatives& d, const double temp,
-                      const double dens) noexcept {
+  template <class Derivatives, class Real>
+  [[gnu::always_inline]] static Real value(const Derivatives& d, const Real& temp,
+                                           const Real& dens) noexcept {
     return enthalpy(d, temp, dens);
   }
-  static double by_dens(const HelmholtzDerivatives& d, const double temp,
-                        const double dens) noexcept {
+  template <class Derivatives, class Real>
+  [[gnu::always_inline]] static Real by_dens(const Derivatives& d, const Real& temp,
+                                             const Real& dens) noexcept {
     return dhdd(d, temp, dens);
   }
-  static double by_temp(const HelmholtzDerivatives& d, const double temp,
-                        const double dens) noexcept {
+  template <class Derivatives, class Real>
+  [[gnu::always_inline]] static Real by_temp(const Derivatives& d, const Real& temp,
+                                             const Real& dens) noexcept {
     return dhdt(d, temp, dens);
   }
 
@@ -61,19 +78,29 @@ struct Entropy {
                                          status::ps_not_converged,    status::ps_two_phase,
                                          status::ps_loosely_converged};
 
+  static constexpr SingleEntry entry = co2_ps;
+  static constexpr auto place = place_ps;
+  static constexpr auto finish = finish_ps;
+
   static bool start(const double entr, const double pres, double& temp, double& dens) noexcept {
     std::int32_t flag = 0;
     temp_from_sp(entr, pres, temp, flag);
     dens_from_sp(entr, pres, dens);
     return flag != 0;
   }
-  static double value(const HelmholtzDerivatives& d, double /*temp*/, double /*dens*/) noexcept {
+  template <class Derivatives, class Real>
+  [[gnu::always_inline]] static Real value(const Derivatives& d, const Real& /*temp*/,
+                                           const Real& /*dens*/) noexcept {
     return entropy(d);
   }
-  static double by_dens(const HelmholtzDerivatives& d, double /*temp*/, double /*dens*/) noexcept {
+  template <class Derivatives, class Real>
+  [[gnu::always_inline]] static Real by_dens(const Derivatives& d, const Real& /*temp*/,
+                                             const Real& /*dens*/) noexcept {
     return dsdd(d);
   }
-  static double by_temp(const HelmholtzDerivatives& d, double /*temp*/, double /*dens*/) noexcept {
+  template <class Derivatives, class Real>
+  [[gnu::always_inline]] static Real by_temp(const Derivatives& d, const Real& /*temp*/,
+                                             const Real& /*dens*/) noexcept {
     return dsdt(d);
   }
 

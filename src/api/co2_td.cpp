@@ -1,6 +1,7 @@
 #include <cmath>
 
 #include "api/co2_properties.hpp"
+#include "api/places.hpp"
 #include "api/state_writer.hpp"
 #include "eos/helmholtz.hpp"
 #include "eos/properties.hpp"
@@ -30,41 +31,50 @@ Phase decide_phase(const double temp, const double dens, SaturatedDensities& sat
 
 }  // namespace
 
+TdPlace place_td(const double temp, const double dens) noexcept {
+  if (dens < dens_min) return {status::td_pres_below_min};
+  if (temp >= t_crit) {
+    if (temp > temp_max) return {status::td_temp_above_max};
+    return {status::success, sc_index_from_td(temp, dens)};
+  }
+  if (temp < temp_min) return {status::td_temp_below_min};
+  TdPlace place;
+  switch (decide_phase(temp, dens, place.sat)) {
+    case Phase::vapour:
+      place.element = vap_index_from_td(temp, dens);
+      break;
+    case Phase::liquid:
+      place.element = liq_index_from_td(temp, dens);
+      break;
+    case Phase::two_phase:
+      break;
+  }
+  return place;
+}
+
+void finish_td(const TdPlace& place, const double temp, const double dens, std::int32_t& ierr,
+               const OutputSet& out) noexcept {
+  if (place.code != status::success) return fail(place.code, ierr, out);
+  ierr = status::success;
+  if (place.element == 0) {
+    const SaturatedDensities& sat = place.sat;
+    write_two_phase(temp, dens, lever_quality(dens, sat.liq, sat.vap),
+                    saturated_liquid(temp, sat.liq), saturated_vapour(temp, sat.vap), out);
+    if (wants_cv_cp_ssnd(out) || wants_transport(out)) ierr = status::td_two_phase;
+    return;
+  }
+  const HelmholtzDerivatives d = evaluate(element(place.element), temp, dens, std::log(dens));
+  const double pres = pressure(d, dens);
+  if (pres < pres_min) return fail(status::td_pres_below_min, ierr, out);
+  if (pres > pres_max) return fail(status::td_pres_above_max, ierr, out);
+  write_single_phase(d, temp, dens, pres, place.sat, out);
+}
+
 void co2_td(const double& temp_in, const double& dens_in, std::int32_t& ierr,
             const OutputSet& out) noexcept {
   const double temp = temp_in;  // copies: an output may lie where an input does
   const double dens = dens_in;
-  ierr = status::success;
-  const double log_dens = std::log(dens);
-  if (dens < dens_min) return fail(status::td_pres_below_min, ierr, out);
-
-  SaturatedDensities sat;
-  std::int32_t e = 0;
-  if (temp >= t_crit) {
-    if (temp > temp_max) return fail(status::td_temp_above_max, ierr, out);
-    e = sc_index_from_td(temp, dens);
-  } else {
-    if (temp < temp_min) return fail(status::td_temp_below_min, ierr, out);
-    switch (decide_phase(temp, dens, sat)) {
-      case Phase::vapour:
-        e = vap_index_from_td(temp, dens);
-        break;
-      case Phase::liquid:
-        e = liq_index_from_td(temp, dens);
-        break;
-      case Phase::two_phase:
-        write_two_phase(temp, dens, lever_quality(dens, sat.liq, sat.vap),
-                        saturated_liquid(temp, sat.liq), saturated_vapour(temp, sat.vap), out);
-        if (wants_cv_cp_ssnd(out) || wants_transport(out)) ierr = status::td_two_phase;
-        return;
-    }
-  }
-
-  const HelmholtzDerivatives d = evaluate(element(e), temp, dens, log_dens);
-  const double pres = pressure(d, dens);
-  if (pres < pres_min) return fail(status::td_pres_below_min, ierr, out);
-  if (pres > pres_max) return fail(status::td_pres_above_max, ierr, out);
-  write_single_phase(d, temp, dens, pres, sat, out);
+  finish_td(place_td(temp, dens), temp, dens, ierr, out);
 }
 
 void co2_td(const double& temp_in, const double& dens_in, std::int32_t& ierr, double* temp,

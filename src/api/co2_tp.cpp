@@ -1,6 +1,7 @@
 #include <cmath>
 
 #include "api/co2_properties.hpp"
+#include "api/places.hpp"
 #include "api/solve_density.hpp"
 #include "api/state_writer.hpp"
 #include "eos/helmholtz.hpp"
@@ -24,36 +25,39 @@ Side decide_side(const double temp, const double pres) noexcept {
 
 }  // namespace
 
+TpPlace place_tp(const double temp, const double pres) noexcept {
+  if (pres < pres_min) return {status::tp_pres_below_min};
+  if (pres > pres_max) return {status::tp_pres_above_max};
+  if (temp < t_crit) {
+    if (temp < temp_min) return {status::tp_temp_below_min};
+    switch (decide_side(temp, pres)) {
+      case Side::vapour:
+        return {status::success, vap_index_from_tp(temp, pres)};
+      case Side::liquid:
+        return {status::success, liq_index_from_tp(temp, pres)};
+      case Side::saturated:
+        return {status::tp_saturated};
+    }
+  }
+  if (temp > temp_max) return {status::tp_temp_above_max};
+  return {status::success, sc_index_from_tp(temp, pres)};
+}
+
+void finish_tp(const TpPlace& place, const double temp, const double pres, std::int32_t& ierr,
+               const OutputSet& out) noexcept {
+  if (place.code != status::success) return fail(place.code, ierr, out);
+  ierr = status::success;
+  const DensitySolution s = solve_density(place.element, temp, pres);
+  if (!s.converged) return fail(status::tp_not_converged, ierr, out);
+  const HelmholtzDerivatives d = evaluate(s.isotherm, s.dens, std::log(s.dens));
+  write_single_phase(d, temp, s.dens, pres, SaturatedDensities{}, out);
+}
+
 void co2_tp(const double& temp_in, const double& pres_in, std::int32_t& ierr,
             const OutputSet& out) noexcept {
   const double temp = temp_in;  // copies: an output may lie where an input does
   const double pres = pres_in;
-  ierr = status::success;
-  if (pres < pres_min) return fail(status::tp_pres_below_min, ierr, out);
-  if (pres > pres_max) return fail(status::tp_pres_above_max, ierr, out);
-
-  std::int32_t first = 0;
-  if (temp < t_crit) {
-    if (temp < temp_min) return fail(status::tp_temp_below_min, ierr, out);
-    switch (decide_side(temp, pres)) {
-      case Side::vapour:
-        first = vap_index_from_tp(temp, pres);
-        break;
-      case Side::liquid:
-        first = liq_index_from_tp(temp, pres);
-        break;
-      case Side::saturated:
-        return fail(status::tp_saturated, ierr, out);
-    }
-  } else {
-    if (temp > temp_max) return fail(status::tp_temp_above_max, ierr, out);
-    first = sc_index_from_tp(temp, pres);
-  }
-
-  const DensitySolution s = solve_density(first, temp, pres);
-  if (!s.converged) return fail(status::tp_not_converged, ierr, out);
-  const HelmholtzDerivatives d = evaluate(s.isotherm, s.dens, std::log(s.dens));
-  write_single_phase(d, temp, s.dens, pres, SaturatedDensities{}, out);
+  finish_tp(place_tp(temp, pres), temp, pres, ierr, out);
 }
 
 void co2_tp(const double& temp_in, const double& pres_in, std::int32_t& ierr, double* temp,

@@ -6,34 +6,33 @@
 namespace co2_properties {
 namespace {
 
-/// Whether a fit around the critical point serves the state; each has its own lowest density.
-bool near_critical(const double temp, const double dens, const double dens_low) noexcept {
-  // Temperature first: it is what makes most states fail.
-  return temp < 310.0 && temp > 302.9 && dens < 580.0 && dens > dens_low;
-}
-
 double cv_of(const HelmholtzDerivatives& d, const double temp, const double dens) noexcept {
-  if (!near_critical(temp, dens, 350.0)) return isochoric_heat_capacity(d, temp);
+  if (!near_critical(temp, dens, lowest_dens_cv_ssnd)) return isochoric_heat_capacity(d, temp);
   double cv;
   calculate_cv(dens, temp, cv);
   return cv;
 }
 
 double cp_of(const HelmholtzDerivatives& d, const double temp, const double dens) noexcept {
-  if (!near_critical(temp, dens, 380.0)) return isobaric_heat_capacity(d, temp, dens);
+  if (!near_critical(temp, dens, lowest_dens_cp)) return isobaric_heat_capacity(d, temp, dens);
   double cp;
   calculate_cp(dens, temp, cp);
   return cp;
 }
 
 double ssnd_of(const HelmholtzDerivatives& d, const double temp, const double dens) noexcept {
-  if (!near_critical(temp, dens, 350.0)) return speed_of_sound(d, dens);
+  if (!near_critical(temp, dens, lowest_dens_cv_ssnd)) return speed_of_sound(d, dens);
   double ssnd;
   calculate_ssnd(dens, temp, ssnd);
   return ssnd;
 }
 
-/// `qual` of a single phase: the lever value or, where there is no saturation, a mark.
+double mix(const double liq, const double vap, const double qual) noexcept {
+  return (vap - liq) * qual + liq;
+}
+
+}  // namespace
+
 double single_phase_quality(const double temp, const double dens, const double mark_pres,
                             const SaturatedDensities& sat) noexcept {
   constexpr double below_crit_pres = 998.0;
@@ -45,12 +44,6 @@ double single_phase_quality(const double temp, const double dens, const double m
   }
   return mark_pres < p_crit ? below_crit_pres : above_crit_pres;
 }
-
-double mix(const double liq, const double vap, const double qual) noexcept {
-  return (vap - liq) * qual + liq;
-}
-
-}  // namespace
 
 void fail(const std::int32_t code, std::int32_t& ierr, const OutputSet& out) noexcept {
   ierr = code;

@@ -24,6 +24,20 @@ struct SaturatedDensities {
   double vap = unknown;
 };
 
+/// `qual` of a single phase: the lever value or, where there is no saturation, a mark.
+/// \param mark_pres, sat  as for `write_single_phase`
+[[nodiscard]] double single_phase_quality(double temp, double dens, double mark_pres,
+                                          const SaturatedDensities& sat) noexcept;
+
+/// Whether a fit around the critical point serves the state; each has its own lowest density.
+[[nodiscard]] inline bool near_critical(const double temp, const double dens,
+                                        const double lowest_dens) noexcept {
+  // Temperature first: it is what makes most states fail.
+  return temp < 310.0 && temp > 302.9 && dens < 580.0 && dens > lowest_dens;
+}
+inline constexpr double lowest_dens_cv_ssnd = 350.0;  ///< kg/m3
+inline constexpr double lowest_dens_cp = 380.0;       ///< kg/m3
+
 /// Writes a single-phase state.
 /// \param d          derivatives of its element at `temp`, K, and `dens`, kg/m3
 /// \param mark_pres  pressure, kPa, that sets the mark in `qual` from the critical temperature on

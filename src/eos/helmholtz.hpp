@@ -14,20 +14,14 @@ namespace co2_properties {
 // separately would lose the digits that nesting keeps. The templates run on one state or on lanes,
 // which are independent of each other: the bits are the same.
 
-/// Sums over the powers of tau for some of the density functions.
-template <std::int32_t count, class Real>
-struct TempSums {
-  Real f[count];
-  Real f_t[count];
-  Real half_f_tt[count];  ///< exact halves
-};
-
-/// Steps through all sums at once, since each of them alone waits for its own results.
-/// \param coef  coef(i, j): coefficient of power i of tau in density function j, 0 <= j < count
-template <std::int32_t count, class Real, class Coef>
-[[nodiscard, gnu::always_inline]] inline TempSums<count, Real> sum_powers(const Coef& coef,
-                                                                          const Real tau) noexcept {
-  TempSums<count, Real> s;
+/// Sums over the powers of tau for some of the density functions; steps through all of them at
+/// once, since each alone waits for its own results. \param coef  coef[i][j]: coefficient of power
+/// i of tau in density function j \param s     receives s.f[j], s.f_t[j] and the exact half of the
+/// second derivative,
+///              s.half_f_tt[j]
+template <std::int32_t count, class Real, class Sums>
+[[gnu::always_inline]] inline void sum_powers(const Real (&coef)[temp_terms][count],
+                                              const Real& tau, Sums& s) noexcept {
   const auto for_each = [](const auto& step) __attribute__((always_inline)) {
 #if defined(__clang__)
 #pragma unroll
@@ -37,55 +31,57 @@ template <std::int32_t count, class Real, class Coef>
     for (std::int32_t j = 0; j < count; ++j) step(j);
   };
   for_each([&](const std::int32_t j) {
-    const Real c5 = coef(5, j);
+    const Real c5 = coef[5][j];
     s.f[j] = c5 * tau;
     s.f_t[j] = 5.0 * c5 * tau;
     s.half_f_tt[j] = s.f_t[j] + s.f_t[j];
   });
   for_each([&](const std::int32_t j) {
-    const Real c4 = coef(4, j);
+    const Real c4 = coef[4][j];
     s.f[j] = (s.f[j] + c4) * tau;
     s.f_t[j] = (s.f_t[j] + 4.0 * c4) * tau;
     s.half_f_tt[j] = (s.half_f_tt[j] + 6.0 * c4) * tau;
   });
   for_each([&](const std::int32_t j) {
-    const Real c3 = coef(3, j);
+    const Real c3 = coef[3][j];
     const Real three_c3 = 3.0 * c3;
     s.f[j] = (s.f[j] + c3) * tau;
     s.f_t[j] = (s.f_t[j] + three_c3) * tau;
     s.half_f_tt[j] = (s.half_f_tt[j] + three_c3) * tau;
   });
   for_each([&](const std::int32_t j) {
-    const Real c2 = coef(2, j);
+    const Real c2 = coef[2][j];
     s.f[j] = (s.f[j] + c2) * tau;
     s.f_t[j] = (s.f_t[j] + 2.0 * c2) * tau;
     s.half_f_tt[j] = s.half_f_tt[j] + c2;
   });
   for_each([&](const std::int32_t j) {
-    const Real c1 = coef(1, j);
+    const Real c1 = coef[1][j];
     s.f[j] = (s.f[j] + c1) * tau;
     s.f_t[j] = s.f_t[j] + c1;
   });
-  for_each([&](const std::int32_t j) { s.f[j] = s.f[j] + coef(0, j); });
-  return s;
+  for_each([&](const std::int32_t j) { s.f[j] = s.f[j] + coef[0][j]; });
 }
 
 /// Sum over the density functions with the factors k.
 template <class Real>
-[[nodiscard]] inline Real sum_density(const Real (&k)[dens_terms], const Real delta,
-                                      const Real log_dens) noexcept {
+[[nodiscard, gnu::always_inline]] inline Real sum_density(const Real (&k)[dens_terms],
+                                                          const Real& delta,
+                                                          const Real& log_dens) noexcept {
   return k[0] * log_dens + ((((k[5] * delta + k[4]) * delta + k[3]) * delta + k[2]) * delta + k[1]);
 }
 
 /// Its derivative in density without that of the logarithm.
 template <class Real>
-[[nodiscard]] inline Real sum_slopes(const Real (&k)[dens_terms], const Real delta) noexcept {
+[[nodiscard, gnu::always_inline]] inline Real sum_slopes(const Real (&k)[dens_terms],
+                                                         const Real& delta) noexcept {
   return ((4.0 * k[5] * delta + 3.0 * k[4]) * delta + 2.0 * k[3]) * delta + k[2];
 }
 
 /// Its second derivative in density without that of the logarithm.
 template <class Real>
-[[nodiscard]] inline Real sum_curvatures(const Real (&k)[dens_terms], const Real delta) noexcept {
+[[nodiscard, gnu::always_inline]] inline Real sum_curvatures(const Real (&k)[dens_terms],
+                                                             const Real& delta) noexcept {
   return (12.0 * k[5] * delta + 6.0 * k[4]) * delta + 2.0 * k[3];
 }
 
@@ -103,12 +99,10 @@ struct Isotherm {
 
 [[nodiscard, gnu::always_inline]] inline Isotherm isotherm(const Element& cell,
                                                            const double temp) noexcept {
-  const Pair* const pairs = pairs_of(cell.coef[0]);
-  const auto s = sum_powers<dens_terms / 2>(
-      [pairs](const std::int32_t i, const std::int32_t j) {
-        return pairs[i * (dens_terms / 2) + j];
-      },
-      both(temp - cell.temp0));
+  struct {
+    Pair f[dens_terms / 2], f_t[dens_terms / 2], half_f_tt[dens_terms / 2];
+  } s;
+  sum_powers(pairs_of(cell.coef), both(temp - cell.temp0), s);
   const auto& h = s.half_f_tt;
   return {cell.dens0,
           {firsts(s.f[0], s.f_t[0]), seconds(s.f[0], s.f_t[0]), firsts(s.f[1], s.f_t[1]),

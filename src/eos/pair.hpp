@@ -1,6 +1,8 @@
 #pragma once
 // Two numbers side by side: what every 64-bit processor adds and multiplies in one instruction.
 
+#include <cstddef>
+
 namespace co2_properties {
 
 #if defined(__GNUC__)
@@ -8,10 +10,6 @@ namespace co2_properties {
 using Pair = double __attribute__((vector_size(16), may_alias));
 
 [[nodiscard]] inline Pair both(const double x) noexcept { return Pair{x, x}; }
-/// \param numbers  aligned to sixteen bytes
-[[nodiscard]] inline const Pair* pairs_of(const double* const numbers) noexcept {
-  return reinterpret_cast<const Pair*>(numbers);
-}
 
 #else
 
@@ -29,11 +27,15 @@ struct Pair {
   return {{a * b.x[0], a * b.x[1]}};
 }
 [[nodiscard]] inline Pair both(const double x) noexcept { return {{x, x}}; }
-[[nodiscard]] inline const Pair* pairs_of(const double* const numbers) noexcept {
-  return reinterpret_cast<const Pair*>(numbers);
-}
 
 #endif
+
+/// \param numbers  aligned to sixteen bytes
+template <std::size_t rows, std::size_t columns>
+[[nodiscard]] inline const Pair (
+    &pairs_of(const double (&numbers)[rows][columns]) noexcept)[rows][columns / 2] {
+  return reinterpret_cast<const Pair(&)[rows][columns / 2]>(numbers);
+}
 
 [[nodiscard]] inline Pair firsts(const Pair a, const Pair b) noexcept { return Pair{a[0], b[0]}; }
 [[nodiscard]] inline Pair seconds(const Pair a, const Pair b) noexcept { return Pair{a[1], b[1]}; }

@@ -1,5 +1,3 @@
-#include "api/batch.hpp"
-
 #include <gtest/gtest.h>
 
 #include <array>
@@ -10,6 +8,7 @@
 #include <type_traits>
 #include <vector>
 
+#include "api/batch_levels.hpp"
 #include "api/co2_properties.hpp"
 #include "tests/support/bits.hpp"
 #include "tests/support/outputs.hpp"
@@ -20,7 +19,6 @@ namespace {
 using test::bits;
 using test::infinity;
 using test::not_a_number;
-using test::output_count;
 using test::Outputs;
 
 using Single = void (*)(const double&, const double&, std::int32_t&, const OutputSet&) noexcept;
@@ -79,7 +77,7 @@ constexpr Entry entries[] = {
      -1.0},
 };
 
-constexpr std::array<StridedSpan<double> BatchOutputSet::*, output_count> array_members = {
+constexpr std::array<StridedSpan<double> BatchOutputSet::*, test::output_count> array_members = {
     &BatchOutputSet::temp, &BatchOutputSet::pres, &BatchOutputSet::dens, &BatchOutputSet::svol,
     &BatchOutputSet::qual, &BatchOutputSet::inte, &BatchOutputSet::enth, &BatchOutputSet::entr,
     &BatchOutputSet::cv,   &BatchOutputSet::cp,   &BatchOutputSet::ssnd, &BatchOutputSet::visc,
@@ -90,7 +88,7 @@ constexpr std::array<StridedSpan<double> BatchOutputSet::*, output_count> array_
 /// state i is at `value[k][at(i)]`.
 struct Arrays {
   std::vector<std::int32_t> ierr;
-  std::array<std::vector<double>, output_count> value;
+  std::array<std::vector<double>, test::output_count> value;
   std::size_t count;
   std::ptrdiff_t stride;
 
@@ -109,7 +107,7 @@ struct Arrays {
   StridedSpan<std::int32_t> codes() { return {ierr.data() + origin(), count, stride}; }
   BatchOutputSet subset(const std::uint32_t mask = test::all_outputs) {
     BatchOutputSet out;
-    for (std::size_t k = 0; k < output_count; ++k) {
+    for (std::size_t k = 0; k < test::output_count; ++k) {
       if ((mask >> k & 1U) != 0) {
         out.*array_members[k] = {value[k].data() + origin(), count, stride};
       }
@@ -128,7 +126,7 @@ void expect_as_single(const Entry& entry, const std::vector<double>& first,
     Outputs out;
     entry.single(first[i], second[i], ierr, out.subset(mask));
     bool equal = result.ierr[result.at(i)] == ierr;
-    for (std::size_t k = 0; k < output_count; ++k) {
+    for (std::size_t k = 0; k < test::output_count; ++k) {
       equal = equal && bits(result.value[k][result.at(i)]) == bits(out.value[k]);
     }
     if (!equal) ++failures;
@@ -185,6 +183,38 @@ TEST(Batch, GivesTheBitsOfTheSingleEntries) {
       Arrays result(count);
       ASSERT_TRUE(entry.batch(first, second, result.ierr, result.subset(mask)));
       expect_as_single(entry, first, second, result, mask);
+    }
+  }
+}
+
+// 10^6 states for each instruction set that this machine has.
+TEST(Batch, EveryInstructionSetGivesTheSameBits) {
+  struct Level {
+    const char* name;
+    const BatchEntries* entries;
+  };
+  std::vector<Level> levels = {{"one by one", &one_by_one}};
+#if defined(__x86_64__) && defined(__GNUC__)
+  if (four_lanes != nullptr && __builtin_cpu_supports("avx2") != 0) {
+    levels.push_back({"AVX2", four_lanes});
+  }
+  if (eight_lanes != nullptr && __builtin_cpu_supports("avx512f") != 0) {
+    levels.push_back({"AVX-512", eight_lanes});
+  }
+#endif
+  constexpr std::size_t count = 250'000;
+  constexpr BatchEntries::Run BatchEntries::*runs[] = {&BatchEntries::td, &BatchEntries::tp,
+                                                       &BatchEntries::ph, &BatchEntries::ps};
+  for (std::size_t k = 0; k < std::size(entries); ++k) {
+    std::vector<double> first;
+    std::vector<double> second;
+    random_inputs(entries[k], count, first, second);
+    for (const Level& level : levels) {
+      SCOPED_TRACE(testing::Message() << entries[k].name << ", " << level.name);
+      Arrays result(count);
+      const BatchOutputSet out = result.subset();
+      (level.entries->*runs[k])({first, second, result.ierr, out});
+      expect_as_single(entries[k], first, second, result, test::all_outputs);
     }
   }
 }
@@ -249,7 +279,7 @@ TEST(Batch, MayOverwriteItsInputs) {
     ASSERT_TRUE(entry.batch(first, second, result.ierr, result.subset()));
     ASSERT_TRUE(
         entry.batch(in_place.value[5], in_place.value[6], in_place.ierr, in_place.subset()));
-    for (std::size_t k = 0; k < output_count; ++k) {
+    for (std::size_t k = 0; k < test::output_count; ++k) {
       for (std::size_t i = 0; i < first.size(); ++i) {
         EXPECT_EQ(bits(in_place.value[k][i]), bits(result.value[k][i]))
             << test::output_names[k] << " of state " << i;

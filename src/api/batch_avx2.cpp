@@ -1,0 +1,71 @@
+// Batch entries with four lanes: AVX2, without its fused operations.
+
+#include "api/batch_levels.hpp"
+
+// Clang would not pass vectors through the templates that are shared with single states.
+#if defined(__x86_64__) && defined(__GNUC__) && !defined(__clang__)
+
+// No vector is passed to another file.
+#pragma GCC diagnostic ignored "-Wpsabi"
+
+#include <immintrin.h>
+
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <utility>
+
+#include "api/caloric_properties.hpp"
+#include "api/co2_properties.hpp"
+#include "api/places.hpp"
+#include "api/relocate.hpp"
+#include "api/solve_density.hpp"
+#include "api/state_writer.hpp"
+#include "eos/helmholtz.hpp"
+#include "eos/properties.hpp"
+
+// From here on only: inline functions of the headers above, of which the linker keeps any copy,
+// have to run on every machine.
+#pragma GCC target("avx2")
+
+namespace co2_properties {
+namespace {
+
+constexpr std::size_t lane_count = 4;
+
+inline __m256d lane_root(const __m256d x) noexcept { return _mm256_sqrt_pd(x); }
+
+/// Two numbers from each of pair_of(0), pair_of(1), ...: the first ones and the second ones.
+template <class PairOf>
+inline void gather_pairs(const PairOf& pair_of, __m256d& firsts, __m256d& seconds) noexcept {
+  const auto load = [&](const std::size_t k) noexcept {
+    return _mm256_insertf128_pd(_mm256_castpd128_pd256(_mm_load_pd(pair_of(k))),
+                                _mm_load_pd(pair_of(k + 2)), 1);
+  };
+  const __m256d even = load(0);
+  const __m256d odd = load(1);
+  firsts = _mm256_unpacklo_pd(even, odd);
+  seconds = _mm256_unpackhi_pd(even, odd);
+}
+
+}  // namespace
+}  // namespace co2_properties
+
+#include "api/batch_lanes.hpp"
+
+namespace co2_properties {
+
+constexpr const BatchEntries* four_lanes = &lane_entries;
+
+}  // namespace co2_properties
+
+#else
+
+namespace co2_properties {
+
+constexpr const BatchEntries* four_lanes = nullptr;
+
+}  // namespace co2_properties
+
+#endif

@@ -1,0 +1,34 @@
+#pragma once
+// The tests of the inputs, and the element that they lead to.
+
+#include <cstdint>
+
+#include "api/state_writer.hpp"
+#include "api/status.hpp"
+
+namespace co2_properties {
+
+/// Where `co2_td` evaluates a state.
+struct TdPlace {
+  std::int32_t code = status::success;
+  std::int32_t element = 0;  ///< 0: two phases
+  SaturatedDensities sat{};  ///< as far as they were evaluated; both in two phases
+};
+/// \param temp, dens  temperature, K, and density, kg/m3; any values
+[[nodiscard]] TdPlace place_td(double temp, double dens) noexcept;
+/// The rest of `co2_td`.
+void finish_td(const TdPlace& place, double temp, double dens, std::int32_t& ierr,
+               const OutputSet& out) noexcept;
+
+/// Where `co2_tp` starts to look for the density.
+struct TpPlace {
+  std::int32_t code = status::success;
+  std::int32_t element = 0;
+};
+/// \param temp, pres  temperature, K, and pressure, kPa; any values
+[[nodiscard]] TpPlace place_tp(double temp, double pres) noexcept;
+/// The rest of `co2_tp`.
+void finish_tp(const TpPlace& place, double temp, double pres, std::int32_t& ierr,
+               const OutputSet& out) noexcept;
+
+}  // namespace co2_properties
