@@ -1,12 +1,12 @@
 #pragma once
 // Enthalpy and entropy as `caloric_entry` takes them.
 
+#include <cmath>
 #include <cstdint>
 
 #include "api/batch_levels.hpp"
 #include "api/caloric_entry.hpp"
-#include "solvers/from_hp.hpp"
-#include "solvers/from_sp.hpp"
+#include "solvers/inverse_cell.hpp"
 
 namespace co2_properties {
 
@@ -30,10 +30,10 @@ struct Enthalpy {
   static constexpr auto finish = finish_ph;
 
   static bool start(const double enth, const double pres, double& temp, double& dens) noexcept {
-    std::int32_t flag = 0;
-    temp_from_hp(enth, pres, temp, flag);
-    dens_from_hp(enth, pres, dens);
-    return flag != 0;
+    const InverseCell& cell = find_inverse_cell(temp_from_hp_fit, pres, enth);
+    temp = evaluate_in_enthalpy(cell, pres, enth);
+    dens = evaluate_in_enthalpy(find_inverse_cell(dens_from_hp_fit, pres, enth), pres, enth);
+    return cell.saturation_check != 0;
   }
   template <class Derivatives, class Real>
   [[gnu::always_inline]] static Real value(const Derivatives& d, const Real& temp,
@@ -83,10 +83,12 @@ struct Entropy {
   static constexpr auto finish = finish_ps;
 
   static bool start(const double entr, const double pres, double& temp, double& dens) noexcept {
-    std::int32_t flag = 0;
-    temp_from_sp(entr, pres, temp, flag);
-    dens_from_sp(entr, pres, dens);
-    return flag != 0;
+    const InverseCell& cell = find_inverse_cell(temp_from_sp_fit, pres, entr);
+    const double log_pres = std::log(pres);
+    temp = evaluate_in_entropy(cell, pres, log_pres, entr);
+    dens =
+        evaluate_in_entropy(find_inverse_cell(dens_from_sp_fit, pres, entr), pres, log_pres, entr);
+    return cell.saturation_check != 0;
   }
   template <class Derivatives, class Real>
   [[gnu::always_inline]] static Real value(const Derivatives& d, const Real& /*temp*/,

@@ -4,6 +4,7 @@
 #include "api/places.hpp"
 #include "api/state_writer.hpp"
 #include "eos/helmholtz.hpp"
+#include "eos/locate_td.hpp"
 #include "eos/properties.hpp"
 
 namespace co2_properties {
@@ -35,16 +36,16 @@ TdPlace place_td(const double temp, const double dens) noexcept {
   if (dens < dens_min) return {status::td_pres_below_min};
   if (temp >= t_crit) {
     if (temp > temp_max) return {status::td_temp_above_max};
-    return {status::success, sc_index_from_td(temp, dens)};
+    return {status::success, find_cell(supercritical_map, temp, dens)};
   }
   if (temp < temp_min) return {status::td_temp_below_min};
   TdPlace place;
   switch (decide_phase(temp, dens, place.sat)) {
     case Phase::vapour:
-      place.element = vap_index_from_td(temp, dens);
+      place.element = find_cell(vapour_map, temp, dens);
       break;
     case Phase::liquid:
-      place.element = liq_index_from_td(temp, dens);
+      place.element = find_cell(liquid_map, temp, dens);
       break;
     case Phase::two_phase:
       break;

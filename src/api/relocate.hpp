@@ -22,8 +22,8 @@ inline constexpr double element_margin = 0.01;
 /// critical temperature the critical density decides between vapour and liquid, since an iterate
 /// may well lie inside the two-phase region.
 [[nodiscard]] inline std::int32_t relocate(const double temp, const double dens) noexcept {
-  if (temp >= t_crit) return sc_index_from_td(temp, dens);
-  return dens > d_crit ? liq_index_from_td(temp, dens) : vap_index_from_td(temp, dens);
+  if (temp >= t_crit) return find_cell(supercritical_map, temp, dens);
+  return find_cell(dens > d_crit ? liquid_map : vapour_map, temp, dens);
 }
 
 }  // namespace co2_properties
