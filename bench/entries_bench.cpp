@@ -2,7 +2,7 @@
 
 #include <benchmark/benchmark.h>
 
-#include <memory>
+#include <mutex>
 
 #include "bench/entries.hpp"
 
@@ -13,11 +13,11 @@ struct Inputs {
   std::vector<double> first, second;
 };
 
-std::shared_ptr<const Inputs> inputs_of(const Entry& entry, const Region& region,
-                                        const bool smooth) {
-  const std::vector<State> states = draw_states(region, smooth);
-  return std::make_shared<Inputs>(
-      Inputs{column(states, entry.first), column(states, entry.second)});
+Inputs inputs_of(const Entry& entry, const Region& region, const bool smooth) {
+  static std::mutex drawing;
+  const std::lock_guard<std::mutex> lock(drawing);
+  const std::vector<State>& states = draw_states(region, smooth);
+  return {column(states, entry.first), column(states, entry.second)};
 }
 
 /// Calls with a fixed set of outputs, as a program makes them that knows what it wants.
@@ -37,7 +37,7 @@ void call_single(benchmark::State& run, const Entry& entry, const Inputs& in) {
   run.SetItemsProcessed(run.iterations() * static_cast<std::int64_t>(in.first.size()));
 }
 
-void call_batch(benchmark::State& run, const Entry& entry, const Inputs& in) {
+void call_batch(benchmark::State& run, const Entry& entry, const Level& level, const Inputs& in) {
   std::vector<double> values[6];
   for (std::vector<double>& v : values) v.resize(in.first.size());
   std::vector<std::int32_t> ierr(in.first.size());
@@ -48,7 +48,7 @@ void call_batch(benchmark::State& run, const Entry& entry, const Inputs& in) {
                               .cp = values[4],
                               .ssnd = values[5]};
   for (auto _ : run) {
-    benchmark::DoNotOptimize(entry.batch(in.first, in.second, ierr, out));
+    (level.entries->*entry.batch)({in.first, in.second, ierr, out});
     benchmark::ClobberMemory();
   }
   run.SetItemsProcessed(run.iterations() * static_cast<std::int64_t>(in.first.size()));
@@ -80,8 +80,8 @@ benchmark::internal::Benchmark* add(const Entry& entry, const Subset& subset, co
                                     const bool smooth) {
   return benchmark::RegisterBenchmark(
       title(entry.name, subset.name, region, smooth).c_str(),
-      [&entry, body = subset.body, in = inputs_of(entry, region, smooth)](benchmark::State& run) {
-        body(run, entry, *in);
+      [&entry, body = subset.body, &region, smooth](benchmark::State& run) {
+        body(run, entry, inputs_of(entry, region, smooth));
       });
 }
 
@@ -90,8 +90,16 @@ const bool registered = [] {
     for (const Region& region : regions) {
       if (!serves(entry, region)) continue;
       for (const Subset& subset : subsets) add(entry, subset, region, false);
-      for (const bool smooth : {false, true}) add(entry, {"batch", call_batch}, region, smooth);
       add(entry, six, region, true);
+      for (const Level& level : levels()) {
+        for (const bool smooth : {false, true}) {
+          benchmark::RegisterBenchmark(title(entry.name, level.name, region, smooth).c_str(),
+                                       [&entry, level, &region, smooth](benchmark::State& run) {
+                                         call_batch(run, entry, level,
+                                                    inputs_of(entry, region, smooth));
+                                       });
+        }
+      }
     }
     for (const int threads : {1, 2}) {
       add(entry, {"throughput", six.body}, domain, false)->Threads(threads)->UseRealTime();

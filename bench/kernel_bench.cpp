@@ -4,7 +4,6 @@
 #include <benchmark/benchmark.h>
 
 #include <cmath>
-#include <memory>
 
 #include "api/relocate.hpp"
 #include "bench/states.hpp"
@@ -79,16 +78,16 @@ void saturation_densities(const Located& s) noexcept {
 /// Registers `part` with the states of a region.
 template <void (*part)(const Located&) noexcept>
 void add(const char* name, const Region& region, const bool smooth = false) {
-  const auto located = std::make_shared<std::vector<Located>>();
-  for (const State& s : draw_states(region, smooth)) {
-    located->push_back({s, relocate(s.temp, s.dens)});
-  }
   benchmark::RegisterBenchmark(
-      title(name, "", region, smooth).c_str(), [located](benchmark::State& run) {
-        for (auto _ : run) {
-          for (const Located& s : *located) part(s);
+      title(name, "", region, smooth).c_str(), [&region, smooth](benchmark::State& run) {
+        std::vector<Located> located;
+        for (const State& s : draw_states(region, smooth)) {
+          located.push_back({s, relocate(s.temp, s.dens)});
         }
-        run.SetItemsProcessed(run.iterations() * static_cast<std::int64_t>(located->size()));
+        for (auto _ : run) {
+          for (const Located& s : located) part(s);
+        }
+        run.SetItemsProcessed(run.iterations() * static_cast<std::int64_t>(located.size()));
       });
 }
 

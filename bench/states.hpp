@@ -3,8 +3,10 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <map>
 #include <random>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "api/co2_properties.hpp"
@@ -41,12 +43,15 @@ struct State {
 /// More states than a branch predictor can learn by heart.
 inline constexpr std::size_t state_count = 1 << 15;
 
-/// `state_count` states of a region; in smooth order they follow the density.
-inline std::vector<State> draw_states(const Region& region, const bool smooth = false) {
+/// `state_count` states of a region; in smooth order they follow the density. Drawn when a
+/// benchmark first asks for them.
+inline const std::vector<State>& draw_states(const Region& region, const bool smooth = false) {
+  static std::map<std::pair<std::string, bool>, std::vector<State>> drawn;
+  std::vector<State>& result = drawn[{region.name, smooth}];
+  if (!result.empty()) return result;
   std::mt19937_64 engine(11);
   std::uniform_real_distribution<double> temps(region.temp_lo, region.temp_hi);
   std::uniform_real_distribution<double> densities(region.dens_lo, region.dens_hi);
-  std::vector<State> result;
   while (result.size() < state_count) {
     State s{temps(engine), densities(engine), 0.0, 0.0, 0.0};
     double cv = 0.0;

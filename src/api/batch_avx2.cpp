@@ -34,12 +34,12 @@ namespace {
 
 constexpr std::size_t lane_count = 4;
 
-inline __m256d lane_root(const __m256d x) noexcept { return _mm256_sqrt_pd(x); }
+inline __m256d lane_root(const __m256d x) { return _mm256_sqrt_pd(x); }
 
 /// Two numbers from each of pair_of(0), pair_of(1), ...: the first ones and the second ones.
 template <class PairOf>
-inline void gather_pairs(const PairOf& pair_of, __m256d& firsts, __m256d& seconds) noexcept {
-  const auto load = [&](const std::size_t k) noexcept {
+inline void gather_pairs(const PairOf& pair_of, __m256d& firsts, __m256d& seconds) {
+  const auto load = [&](const std::size_t k) {
     return _mm256_insertf128_pd(_mm256_castpd128_pd256(_mm_load_pd(pair_of(k))),
                                 _mm_load_pd(pair_of(k + 2)), 1);
   };

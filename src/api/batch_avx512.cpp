@@ -34,16 +34,16 @@ namespace {
 
 constexpr std::size_t lane_count = 8;
 
-inline __m512d lane_root(const __m512d x) noexcept { return _mm512_maskz_sqrt_pd(0xff, x); }
+inline __m512d lane_root(const __m512d x) { return _mm512_maskz_sqrt_pd(0xff, x); }
 
 /// Two numbers from each of pair_of(0), pair_of(1), ...: the first ones and the second ones.
 template <class PairOf>
-inline void gather_pairs(const PairOf& pair_of, __m512d& firsts, __m512d& seconds) noexcept {
-  const auto load_half = [&](const std::size_t k) noexcept {
+inline void gather_pairs(const PairOf& pair_of, __m512d& firsts, __m512d& seconds) {
+  const auto load_half = [&](const std::size_t k) {
     return _mm256_insertf128_pd(_mm256_castpd128_pd256(_mm_load_pd(pair_of(k))),
                                 _mm_load_pd(pair_of(k + 2)), 1);
   };
-  const auto load = [&](const std::size_t k) noexcept {
+  const auto load = [&](const std::size_t k) {
     return _mm512_maskz_insertf64x4(0xff, _mm512_castpd256_pd512(load_half(k)), load_half(k + 4),
                                     1);
   };

@@ -6,6 +6,9 @@
 // that take the common road are collected until all lanes are filled, and evaluated together. All
 // others (errors, two phases, iterations that leave their element or take long) and what is left at
 // the end go to the entry for one state, which does the same operations on the same numbers.
+//
+// Nothing here throws, but only the outermost functions are noexcept: inlined into each other,
+// noexcept functions would leave a reference to the C++ run-time library behind.
 
 namespace co2_properties {
 namespace {
@@ -16,25 +19,25 @@ using Lanes = double __attribute__((vector_size(lane_count * sizeof(double))));
 using LaneMask = std::int64_t __attribute__((vector_size(lane_count * sizeof(double))));
 
 template <class Get, std::size_t... lane>
-[[gnu::always_inline]] inline Lanes gather(const Get& get, std::index_sequence<lane...>) noexcept {
+[[gnu::always_inline]] inline Lanes gather(const Get& get, std::index_sequence<lane...>) {
   return Lanes{get(lane)...};
 }
 /// The numbers get(0), get(1), ...
 template <class Get>
-[[gnu::always_inline]] inline Lanes gather(const Get& get) noexcept {
+[[gnu::always_inline]] inline Lanes gather(const Get& get) {
   return gather(get, std::make_index_sequence<lane_count>());
 }
 
-inline Lanes absolute(const Lanes x) noexcept { return x < 0.0 ? -x : x; }
+inline Lanes absolute(const Lanes x) { return x < 0.0 ? -x : x; }
 
-inline bool any(const LaneMask mask) noexcept {
+inline bool any(const LaneMask mask) {
   std::int64_t all = 0;
   for (std::size_t k = 0; k < lane_count; ++k) all |= mask[k];
   return all != 0;
 }
 
 /// Logarithms of the C library, one by one: those of the entries for one state.
-inline Lanes logarithm(const Lanes x) noexcept {
+inline Lanes logarithm(const Lanes x) {
   double log[lane_count];
   for (std::size_t k = 0; k < lane_count; ++k) log[k] = std::log(x[k]);
   return gather([&](const std::size_t k) { return log[k]; });
@@ -52,12 +55,11 @@ struct LaneIsotherm {
   Lanes f[dens_terms], f_t[dens_terms], half_f_tt[dens_terms];
 };
 
-inline LaneIsotherm lane_isotherm(const Element* const (&cells)[lane_count],
-                                  const Lanes temp) noexcept {
+inline LaneIsotherm lane_isotherm(const Element* const (&cells)[lane_count], const Lanes temp) {
   Lanes coef[temp_terms][dens_terms];
   for (std::int32_t i = 0; i < temp_terms; ++i) {
     for (std::int32_t j = 0; j < dens_terms; j += 2) {
-      const auto pair_of = [&](const std::size_t k) noexcept { return &cells[k]->coef[i][j]; };
+      const auto pair_of = [&](const std::size_t k) { return &cells[k]->coef[i][j]; };
       gather_pairs(pair_of, coef[i][j], coef[i][j + 1]);
     }
   }
@@ -69,7 +71,7 @@ inline LaneIsotherm lane_isotherm(const Element* const (&cells)[lane_count],
 }
 
 inline LaneDerivatives evaluate_lanes(const LaneIsotherm& at, const Lanes dens,
-                                      const Lanes log_dens) noexcept {
+                                      const Lanes log_dens) {
   const auto& [dens0, f, f_t, half_f_tt] = at;
   const Lanes delta = dens - dens0;
   const Lanes inverse = 1.0 / dens;
@@ -93,18 +95,18 @@ struct LaneStates {
   double caloric[lane_count];
 };
 
-inline Lanes load(const double (&values)[lane_count]) noexcept {
+inline Lanes load(const double (&values)[lane_count]) {
   return gather([&](const std::size_t k) { return values[k]; });
 }
 
 /// Writes what `write_single_phase` writes, lane by lane where `wanted` is not 0.
 inline void write_lanes(const Batch& batch, const LaneStates& states, const LaneMask wanted,
                         const LaneDerivatives& d, const Lanes temp, const Lanes dens,
-                        const Lanes mark_pres) noexcept {
+                        const Lanes mark_pres) {
   const BatchOutputSet& out = batch.out;
   const bool in_a_row = !any(~wanted) && states.index[lane_count - 1] - states.index[0] ==
                                              static_cast<std::size_t>(lane_count - 1);
-  const auto put = [&](const StridedSpan<double>& output, const auto& lanes) noexcept {
+  const auto put = [&](const StridedSpan<double>& output, const auto& lanes) {
     if (output.data() == nullptr) return;
     const Lanes values = lanes();
     if (in_a_row && output.stride() == 1) {
@@ -116,7 +118,7 @@ inline void write_lanes(const Batch& batch, const LaneStates& states, const Lane
     }
   };
   // Properties that have a value of their own for single states.
-  const auto put_each = [&](const StridedSpan<double>& output, const auto& value) noexcept {
+  const auto put_each = [&](const StridedSpan<double>& output, const auto& value) {
     if (output.data() == nullptr) return;
     for (std::size_t k = 0; k < lane_count; ++k) {
       if (wanted[k] != 0) value(k, output[states.index[k]]);
@@ -124,53 +126,51 @@ inline void write_lanes(const Batch& batch, const LaneStates& states, const Lane
   };
   const bool some_near_critical = any((temp > 302.9) & (temp < 310.0));
   const auto put_near_critical = [&](const StridedSpan<double>& output, const double lowest_dens,
-                                     const auto& fit) noexcept {
+                                     const auto& fit) {
     if (!some_near_critical) return;
-    put_each(output, [&](const std::size_t k, double& value) noexcept {
+    put_each(output, [&](const std::size_t k, double& value) {
       if (near_critical(temp[k], dens[k], lowest_dens)) fit(dens[k], temp[k], value);
     });
   };
   for (std::size_t k = 0; k < lane_count; ++k) {
     if (wanted[k] != 0) batch.ierr[states.index[k]] = status::success;
   }
-  put(out.temp, [&] { return temp; });
-  put(out.pres, [&] { return pressure(d, dens); });
-  put(out.dens, [&] { return dens; });
-  put(out.svol, [&] { return 1.0 / dens; });
-  put_each(out.qual, [&](const std::size_t k, double& value) noexcept {
+  put(out.temp, [&]() { return temp; });
+  put(out.pres, [&]() { return pressure(d, dens); });
+  put(out.dens, [&]() { return dens; });
+  put(out.svol, [&]() { return 1.0 / dens; });
+  put_each(out.qual, [&](const std::size_t k, double& value) {
     value = single_phase_quality(temp[k], dens[k], mark_pres[k], SaturatedDensities{});
   });
-  put(out.inte, [&] { return internal_energy(d, temp); });
-  put(out.enth, [&] { return enthalpy(d, temp, dens); });
-  put(out.entr, [&] { return entropy(d); });
-  put(out.cv, [&] { return isochoric_heat_capacity(d, temp); });
+  put(out.inte, [&]() { return internal_energy(d, temp); });
+  put(out.enth, [&]() { return enthalpy(d, temp, dens); });
+  put(out.entr, [&]() { return entropy(d); });
+  put(out.cv, [&]() { return isochoric_heat_capacity(d, temp); });
   put_near_critical(out.cv, lowest_dens_cv_ssnd, calculate_cv);
-  put(out.cp, [&] { return isobaric_heat_capacity(d, temp, dens); });
+  put(out.cp, [&]() { return isobaric_heat_capacity(d, temp, dens); });
   put_near_critical(out.cp, lowest_dens_cp, calculate_cp);
-  put(out.ssnd, [&] { return lane_root(speed_of_sound_squared(d, dens)); });
+  put(out.ssnd, [&]() { return lane_root(speed_of_sound_squared(d, dens)); });
   put_near_critical(out.ssnd, lowest_dens_cv_ssnd, calculate_ssnd);
-  put_each(out.visc, [&](const std::size_t k, double& value) noexcept {
-    calculate_visc(dens[k], temp[k], value);
-  });
-  put_each(out.cond, [&](const std::size_t k, double& value) noexcept {
-    calculate_cond(dens[k], temp[k], value);
-  });
-  put(out.dpdd, [&] { return dpdd(d, dens); });
-  put(out.dpdt, [&] { return dpdt(d, dens); });
-  put(out.dhdd, [&] { return dhdd(d, temp, dens); });
-  put(out.dhdt, [&] { return dhdt(d, temp, dens); });
-  put(out.dsdd, [&] { return dsdd(d); });
-  put(out.dsdt, [&] { return dsdt(d); });
+  put_each(out.visc,
+           [&](const std::size_t k, double& value) { calculate_visc(dens[k], temp[k], value); });
+  put_each(out.cond,
+           [&](const std::size_t k, double& value) { calculate_cond(dens[k], temp[k], value); });
+  put(out.dpdd, [&]() { return dpdd(d, dens); });
+  put(out.dpdt, [&]() { return dpdt(d, dens); });
+  put(out.dhdd, [&]() { return dhdd(d, temp, dens); });
+  put(out.dhdt, [&]() { return dhdt(d, temp, dens); });
+  put(out.dsdd, [&]() { return dsdd(d); });
+  put(out.dsdt, [&]() { return dsdt(d); });
 }
 
 // ---- Entries -----------------------------------------------------------------------------------
 //
 // Each gives
-//   single                          the entry for one state
-//   place(first, second)            its tests and where it starts
-//   take(place, first, second, ..)  puts the state into a lane; whether it takes the common road
-//   finish(place, first, second, ..)  the entry for one state from there
-//   evaluate(batch, states)         writes all lanes but those for which it returns true
+//   single                            the entry for one state, in two parts:
+//   place(first, second)              its tests of the inputs and where it starts
+//   finish(place, first, second, ..)  the rest of it
+//   take(place, first, second, ..)    puts the state into a lane; whether it takes the common road
+//   evaluate(batch, states)           writes all lanes but those for which it returns true
 
 /// Temperature and density.
 struct TdLanes {
@@ -180,7 +180,7 @@ struct TdLanes {
   static constexpr auto finish = finish_td;
 
   static bool take(const TdPlace& place, const double temp, const double dens, LaneStates& states,
-                   const std::size_t k) noexcept {
+                   const std::size_t k) {
     // NaN and infinity do not take part: what comes out of them may differ in the sign.
     if (place.code != status::success || place.element == 0 || !(temp < 1e4 && dens < 1e4)) {
       return false;
@@ -191,7 +191,7 @@ struct TdLanes {
     return true;
   }
 
-  static LaneMask evaluate(const Batch& batch, LaneStates& states) noexcept {
+  [[gnu::noinline]] static LaneMask evaluate(const Batch& batch, LaneStates& states) {
     const Lanes temp = load(states.temp);
     const Lanes dens = load(states.dens);
     const LaneDerivatives d =
@@ -211,7 +211,7 @@ struct TpLanes {
   static constexpr auto finish = finish_tp;
 
   static bool take(const TpPlace& place, const double temp, const double pres, LaneStates& states,
-                   const std::size_t k) noexcept {
+                   const std::size_t k) {
     if (place.code != status::success || !(temp < 1e4 && pres < 1e6)) return false;
     states.cell[k] = &element(place.element);
     states.temp[k] = temp;
@@ -220,7 +220,7 @@ struct TpLanes {
   }
 
   /// `solve_density` as long as no iterate leaves its element.
-  static LaneMask evaluate(const Batch& batch, LaneStates& states) noexcept {
+  [[gnu::noinline]] static LaneMask evaluate(const Batch& batch, LaneStates& states) {
     constexpr int most_steps = 6;
     const Lanes temp = load(states.temp);
     const Lanes pres = load(states.pres);
@@ -257,7 +257,7 @@ struct CaloricLanes {
   static constexpr auto finish = Caloric::finish;
 
   static bool take(const CaloricStart& start, const double pres, const double caloric,
-                   LaneStates& states, const std::size_t k) noexcept {
+                   LaneStates& states, const std::size_t k) {
     if (start.code != status::success || start.is_mixture || !(pres < 1e6) ||
         !(start.temp < 1e4 && start.dens > 0.0 && start.dens < 1e4)) {
       return false;
@@ -272,7 +272,7 @@ struct CaloricLanes {
 
   /// `solve_caloric` as far as its first evaluations lead. A lane that has met its targets stays
   /// where it is while the others go on.
-  static LaneMask evaluate(const Batch& batch, LaneStates& states) noexcept {
+  [[gnu::noinline]] static LaneMask evaluate(const Batch& batch, LaneStates& states) {
     constexpr int most_steps = 6;
     const Lanes pres = load(states.pres);
     const Lanes caloric = load(states.caloric);
@@ -301,8 +301,7 @@ struct CaloricLanes {
   }
 
  private:
-  static void follow(LaneStates& states, const Lanes temp, const Lanes dens,
-                     const LaneMask met) noexcept {
+  static void follow(LaneStates& states, const Lanes temp, const Lanes dens, const LaneMask met) {
     for (std::size_t k = 0; k < lane_count; ++k) {
       const Element& cell = *states.cell[k];
       if (met[k] == 0 && !(keeps_element(temp[k] - cell.temp0, cell.temp_width) &&
@@ -316,7 +315,7 @@ struct CaloricLanes {
 template <class Entry>
 void run_lanes(const Batch& batch) noexcept {
   OutputCursor outputs(batch.out);
-  const auto alone = [&](const std::size_t i) noexcept {
+  const auto alone = [&](const std::size_t i) {
     Entry::single(batch.first[i], batch.second[i], batch.ierr[i], outputs.at(i));
   };
   LaneStates states;
