@@ -2,30 +2,10 @@
 
 #include "api/co2_properties.hpp"
 #include "eos/properties.hpp"
+#include "fits/patch.hpp"
 
 namespace co2_properties {
 namespace {
-
-double cv_of(const HelmholtzDerivatives& d, const double temp, const double dens) noexcept {
-  if (!near_critical(temp, dens, lowest_dens_cv_ssnd)) return isochoric_heat_capacity(d, temp);
-  double cv;
-  calculate_cv(dens, temp, cv);
-  return cv;
-}
-
-double cp_of(const HelmholtzDerivatives& d, const double temp, const double dens) noexcept {
-  if (!near_critical(temp, dens, lowest_dens_cp)) return isobaric_heat_capacity(d, temp, dens);
-  double cp;
-  calculate_cp(dens, temp, cp);
-  return cp;
-}
-
-double ssnd_of(const HelmholtzDerivatives& d, const double temp, const double dens) noexcept {
-  if (!near_critical(temp, dens, lowest_dens_cv_ssnd)) return speed_of_sound(d, dens);
-  double ssnd;
-  calculate_ssnd(dens, temp, ssnd);
-  return ssnd;
-}
 
 double mix(const double liq, const double vap, const double qual) noexcept {
   return (vap - liq) * qual + liq;
@@ -53,6 +33,7 @@ void fail(const std::int32_t code, std::int32_t& ierr, const OutputSet& out) noe
 void write_single_phase(const HelmholtzDerivatives& d, const double temp, const double dens,
                         const double mark_pres, const SaturatedDensities& sat,
                         const OutputSet& out) noexcept {
+  const bool near = near_critical(temp, dens);
   if (out.temp != nullptr) *out.temp = temp;
   if (out.pres != nullptr) *out.pres = pressure(d, dens);
   if (out.dens != nullptr) *out.dens = dens;
@@ -61,11 +42,18 @@ void write_single_phase(const HelmholtzDerivatives& d, const double temp, const 
   if (out.inte != nullptr) *out.inte = internal_energy(d, temp);
   if (out.enth != nullptr) *out.enth = enthalpy(d, temp, dens);
   if (out.entr != nullptr) *out.entr = entropy(d);
-  if (out.cv != nullptr) *out.cv = cv_of(d, temp, dens);
-  if (out.cp != nullptr) *out.cp = cp_of(d, temp, dens);
-  if (out.ssnd != nullptr) *out.ssnd = ssnd_of(d, temp, dens);
-  if (out.visc != nullptr) calculate_visc(dens, temp, *out.visc);
-  if (out.cond != nullptr) calculate_cond(dens, temp, *out.cond);
+  if (out.cv != nullptr) {
+    *out.cv = near ? evaluate_fit(cv_fit, temp, dens) : isochoric_heat_capacity(d, temp);
+  }
+  if (out.cp != nullptr) {
+    *out.cp = near && dens > lowest_dens_cp ? evaluate_fit(cp_fit, temp, dens)
+                                            : isobaric_heat_capacity(d, temp, dens);
+  }
+  if (out.ssnd != nullptr) {
+    *out.ssnd = near ? evaluate_fit(sound_speed_fit, temp, dens) : speed_of_sound(d, dens);
+  }
+  if (out.visc != nullptr) *out.visc = evaluate_fit(viscosity_fit, temp, dens);
+  if (out.cond != nullptr) *out.cond = evaluate_fit(conductivity_fit, temp, dens);
   if (out.dpdd != nullptr) *out.dpdd = dpdd(d, dens);
   if (out.dpdt != nullptr) *out.dpdt = dpdt(d, dens);
   if (out.dhdd != nullptr) *out.dhdd = dhdd(d, temp, dens);

@@ -5,7 +5,7 @@
 
 #include "api/helmholtz_derivatives.hpp"
 #include "eos/element.hpp"
-#include "eos/pair.hpp"
+#include "cells/pair.hpp"
 
 namespace co2_properties {
 

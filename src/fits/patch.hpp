@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "cells/cell_map.hpp"
+#include "cells/pair.hpp"
 
 namespace co2_properties {
 
@@ -13,7 +14,7 @@ inline constexpr std::int32_t patch_terms = 6;
 ///   P(T, rho) = sum_{i,j=0..5} a(i, j) (T - temp0)^i (rho - dens0)^j.
 /// The origin is part of the design of the cell and need not be one of its corners. A patch has no
 /// widths: it serves every state that the map sends to it and extrapolates at the outer cells.
-struct Patch {
+struct alignas(16) Patch {
   double temp0;
   double dens0;
   /// coef[k][j] belongs to power 5 - k of T - temp0 and power j of rho - dens0.
@@ -28,16 +29,22 @@ struct PatchFit {
   const Patch* patches;
 };
 
-/// Value of a patch at one state: nested multiplication in T for each power of rho, then in rho.
+/// Value of a patch at one state: nested multiplication in T for each power of rho, two of them at
+/// a time, then in rho.
 [[nodiscard]] inline double evaluate_patch(const Patch& patch, const double temp,
                                            const double dens) noexcept {
-  const double dt = temp - patch.temp0;
+  const Pair dt = both(temp - patch.temp0);
   const double dr = dens - patch.dens0;
-  const auto& a = patch.coef;
+  const auto& a = pairs_of(patch.coef);
   double c[patch_terms];
-  for (std::int32_t j = 0; j < patch_terms; ++j) {
-    c[j] =
+#if defined(__GNUC__) && !defined(__clang__)
+#pragma GCC unroll 3
+#endif
+  for (std::int32_t j = 0; j < patch_terms / 2; ++j) {
+    const Pair sums =
         ((((a[0][j] * dt + a[1][j]) * dt + a[2][j]) * dt + a[3][j]) * dt + a[4][j]) * dt + a[5][j];
+    c[2 * j] = sums[0];
+    c[2 * j + 1] = sums[1];
   }
   return ((((c[5] * dr + c[4]) * dr + c[3]) * dr + c[2]) * dr + c[1]) * dr + c[0];
 }
