@@ -70,8 +70,10 @@ constexpr BatchEntries one_by_one = {
 
 const BatchEntries& widest_entries() noexcept {
 #if defined(__x86_64__) && defined(__GNUC__)
-  if (eight_lanes != nullptr && __builtin_cpu_supports("avx512f") != 0) return *eight_lanes;
-  if (four_lanes != nullptr && __builtin_cpu_supports("avx2") != 0) return *four_lanes;
+  if (eight_lanes != nullptr && static_cast<bool>(__builtin_cpu_supports("avx512f")))
+    return *eight_lanes;
+  if (four_lanes != nullptr && static_cast<bool>(__builtin_cpu_supports("avx2")))
+    return *four_lanes;
 #endif
   return one_by_one;
 }

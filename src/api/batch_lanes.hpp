@@ -125,11 +125,11 @@ inline void write_lanes(const Batch& batch, const LaneStates& states, const Lane
     }
   };
   const bool some_near_critical = any((temp > 302.9) & (temp < 310.0));
-  const auto put_near_critical = [&](const StridedSpan<double>& output, const auto& fit,
-                                     const double lowest_dens) {
+  const auto put_near_critical = [&](const StridedSpan<double>& output, const auto& serves,
+                                     const auto& fit) {
     if (!some_near_critical) return;
     put_each(output, [&](const std::size_t k, double& value) {
-      if (near_critical(temp[k], dens[k]) && dens[k] > lowest_dens) fit(dens[k], temp[k], value);
+      if (serves(temp[k], dens[k])) fit(dens[k], temp[k], value);
     });
   };
   for (std::size_t k = 0; k < lane_count; ++k) {
@@ -146,11 +146,11 @@ inline void write_lanes(const Batch& batch, const LaneStates& states, const Lane
   put(out.enth, [&]() { return enthalpy(d, temp, dens); });
   put(out.entr, [&]() { return entropy(d); });
   put(out.cv, [&]() { return isochoric_heat_capacity(d, temp); });
-  put_near_critical(out.cv, calculate_cv, 0.0);
+  put_near_critical(out.cv, near_critical, calculate_cv);
   put(out.cp, [&]() { return isobaric_heat_capacity(d, temp, dens); });
-  put_near_critical(out.cp, calculate_cp, lowest_dens_cp);
+  put_near_critical(out.cp, near_critical_for_cp, calculate_cp);
   put(out.ssnd, [&]() { return lane_root(speed_of_sound_squared(d, dens)); });
-  put_near_critical(out.ssnd, calculate_ssnd, 0.0);
+  put_near_critical(out.ssnd, near_critical, calculate_ssnd);
   put_each(out.visc,
            [&](const std::size_t k, double& value) { calculate_visc(dens[k], temp[k], value); });
   put_each(out.cond,

@@ -34,6 +34,7 @@ void write_single_phase(const HelmholtzDerivatives& d, const double temp, const 
                         const double mark_pres, const SaturatedDensities& sat,
                         const OutputSet& out) noexcept {
   const bool near = near_critical(temp, dens);
+  const bool near_for_cp = near_critical_for_cp(temp, dens);
   if (out.temp != nullptr) *out.temp = temp;
   if (out.pres != nullptr) *out.pres = pressure(d, dens);
   if (out.dens != nullptr) *out.dens = dens;
@@ -46,8 +47,8 @@ void write_single_phase(const HelmholtzDerivatives& d, const double temp, const 
     *out.cv = near ? evaluate_fit(cv_fit, temp, dens) : isochoric_heat_capacity(d, temp);
   }
   if (out.cp != nullptr) {
-    *out.cp = near && dens > lowest_dens_cp ? evaluate_fit(cp_fit, temp, dens)
-                                            : isobaric_heat_capacity(d, temp, dens);
+    *out.cp =
+        near_for_cp ? evaluate_fit(cp_fit, temp, dens) : isobaric_heat_capacity(d, temp, dens);
   }
   if (out.ssnd != nullptr) {
     *out.ssnd = near ? evaluate_fit(sound_speed_fit, temp, dens) : speed_of_sound(d, dens);
