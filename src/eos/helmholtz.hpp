@@ -4,8 +4,8 @@
 #include <cstdint>
 
 #include "api/helmholtz_derivatives.hpp"
-#include "eos/element.hpp"
 #include "cells/pair.hpp"
+#include "eos/element.hpp"
 
 namespace co2_properties {
 
