@@ -4,6 +4,7 @@
 #include <cmath>
 #include <memory>
 #include <numbers>
+#include <stdexcept>
 
 #include "brayton/search.hpp"
 
@@ -31,6 +32,9 @@ Case shock_tube(Fluid& fluid, const Choice& choice) {
 }
 
 Case depressurisation(Fluid& fluid, const Choice& choice) {
+  if (!(choice.pres_right < choice.pres_left)) {
+    throw std::invalid_argument("the pressure outside has to be below that in the pipe");
+  }
   const Flowing inside = {fluid.from_tp(choice.temp_left, choice.pres_left), 0.0};
   const SelfSimilar solution = open_end(fluid, inside, choice.pres_right);
   const double arrival = length / inside.state.ssnd;  // of the wave at the closed end
@@ -48,6 +52,9 @@ Case depressurisation(Fluid& fluid, const Choice& choice) {
 }
 
 Case simple_wave(Fluid& fluid, const Choice& choice) {
+  if (!(choice.pres_right < choice.pres_left)) {
+    throw std::invalid_argument("the lowest pressure of the wave has to be below the highest");
+  }
   const State crest = fluid.from_tp(choice.temp_left, choice.pres_left);
   // Velocity and pressure rise together: u = -gain counts from the crest.
   const auto isentrope = std::make_shared<Isentrope>(fluid, crest, choice.pres_right, 64);

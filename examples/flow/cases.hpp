@@ -42,13 +42,15 @@ inline constexpr Choice tube_default = {350.0, 20e6, 350.0, 5e6};
 
 /// Compressed liquid; opened to a pressure at which half of it evaporates.
 inline constexpr Choice pipe_default = {300.0, 12e6, 0.0, 3e6};
-/// Pipe of 10 m, closed on the left, whose right end is opened at once.
+/// Pipe of 10 m, closed on the left, whose right end is opened at once. Throws
+/// std::invalid_argument unless the pressure outside is the lower one.
 [[nodiscard]] Case depressurisation(Fluid& fluid, const Choice& choice = pipe_default);
 
 /// Dense supercritical fluid and the lowest pressure.
 inline constexpr Choice wave_default = {350.0, 20e6, 0.0, 18e6};
 /// Isentropic wave that runs to the right around a ring of 10 m and steepens; smooth until long
-/// after the time asked for. Pressure is a sine between both values. The case refers to `fluid`.
+/// after the time asked for. Pressure is a sine between both values; throws std::invalid_argument
+/// unless the second is the lower one. The case refers to `fluid`.
 [[nodiscard]] Case simple_wave(Fluid& fluid, const Choice& choice = wave_default);
 
 }  // namespace flow

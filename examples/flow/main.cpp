@@ -94,9 +94,10 @@ void run(const Request& request, const Ranks& ranks) {
 }
 
 /// One process tells; all end.
-void complain(const std::exception& error, const int code, const Ranks& ranks) {
+int complain(const std::exception& error, const int code, const Ranks& ranks) {
   std::fprintf(stderr, "flow: %s\n", error.what());
-  ranks.abort(code);
+  if (ranks.size() > 1) ranks.abort(code);
+  return code;
 }
 
 }  // namespace
@@ -124,9 +125,8 @@ int main(const int argc, const char* const* const argv) {
     const int code = app.exit(error) == 0 ? solved : failed;
     return code;
   } catch (const StateError& error) {
-    complain(error, no_state, ranks);
+    return complain(error, no_state, ranks);
   } catch (const std::exception& error) {
-    complain(error, failed, ranks);
+    return complain(error, failed, ranks);
   }
-  return failed;
 }

@@ -17,7 +17,7 @@ Errors errors(const Snapshot& snapshot) {
       error += std::abs(value(snapshot.flow[i]) - value(snapshot.exact[i]));
       size += std::abs(value(snapshot.exact[i]));
     }
-    return error / size;
+    return size > 0.0 ? error / size : error / static_cast<double>(snapshot.flow.size());
   };
   return {mean_error([](const Flowing& f) { return f.state.dens; }),
           mean_error([](const Flowing& f) { return f.velo; }),

@@ -17,7 +17,7 @@ struct Snapshot {
   std::vector<Flowing> exact;  ///< empty where there is no exact solution
 };
 
-/// Mean of the absolute error over that of the exact value.
+/// Mean of the absolute error over that of the exact value, or itself where that one is zero.
 struct Errors {
   double dens = 0.0, velo = 0.0, pres = 0.0;
 };

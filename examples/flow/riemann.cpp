@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <numeric>
 #include <stdexcept>
 #include <utility>
@@ -15,6 +16,13 @@ using brayton::find_zero;
 
 constexpr int fine = 1000;  // intervals of a fan that is drawn or compared with
 constexpr int coarse = 8;   // three Gauss points in each: velocities to 4e-6
+
+// Relative to pressure: a shock this weak is an isentrope, and what it changes drowns in rounding.
+constexpr double weak = 1e-7;
+// Relative to the speed of sound: what rounding may fold a fan.
+constexpr double fold_tolerance = 1e-6;
+
+bool is_shock(const State& start, const double pres) { return pres > (1.0 + weak) * start.pres; }
 
 /// State behind a shock: h - h0 = (p - p0) (v0 + v) / 2.
 State shocked(Fluid& fluid, const State& start, const double pres) {
@@ -35,7 +43,7 @@ double flux_squared(const State& start, const State& end) {
 /// Velocity behind the wave that runs to the left into `start` and leaves the pressure `pres`.
 double velo_behind(Fluid& fluid, const Flowing& start, const double pres) {
   const State& s = start.state;
-  if (pres > s.pres) {
+  if (is_shock(s, pres)) {
     return start.velo - (pres - s.pres) / std::sqrt(flux_squared(s, shocked(fluid, s, pres)));
   }
   return start.velo + Isentrope(fluid, s, pres, coarse).nodes().back().gain;
@@ -45,9 +53,11 @@ Flowing mirrored(const Flowing& f) { return {f.state, -f.velo}; }
 
 std::vector<SelfSimilar::Point> fan(const Isentrope& isentrope, const double velo) {
   std::vector<SelfSimilar::Point> points;
+  double fastest = -std::numeric_limits<double>::infinity();
   for (const auto& [state, gain] : isentrope.nodes()) {
     const double speed = velo + gain - state.ssnd;
-    if (!points.empty() && speed < points.back().speed) {
+    fastest = std::max(fastest, speed);
+    if (speed < fastest - fold_tolerance * state.ssnd) {
       throw std::domain_error("the rarefaction folds: no solution in terms of simple waves");
     }
     points.push_back({speed, {state, velo + gain}});
@@ -57,7 +67,7 @@ std::vector<SelfSimilar::Point> fan(const Isentrope& isentrope, const double vel
 
 std::vector<SelfSimilar::Point> left_wave(Fluid& fluid, const Flowing& start, const double pres) {
   const State& s = start.state;
-  if (pres > s.pres) {
+  if (is_shock(s, pres)) {
     const State end = shocked(fluid, s, pres);
     const double flux = std::sqrt(flux_squared(s, end));
     const double speed = start.velo - flux / s.dens;

@@ -110,6 +110,8 @@ TEST(FlowRiemann, SolutionsConserveMassMomentumAndEnergy) {
   Fluid fluid;
   const State dense = fluid.from_tp(350.0, 20e6);
   const State gas = fluid.from_tp(350.0, 5e6);
+  const State cool = fluid.from_tp(300.0, 20e6);
+  const State thinner = fluid.from_tp(350.0, 20e6 * (1.0 - 1e-9));
   const State liquid = fluid.from_tp(300.0, 12e6);
   struct Row {
     const char* why;
@@ -123,6 +125,9 @@ TEST(FlowRiemann, SolutionsConserveMassMomentumAndEnergy) {
       {"boiling fan that ends choked", open_end(fluid, {liquid, 0.0}, 1.5e6)},
       {"boiling fan that reaches the pressure outside", open_end(fluid, {liquid, 0.0}, 4e6)},
       {"fan past the critical point into two phases", open_end(fluid, {dense, 0.0}, 3e6)},
+      {"a contact at rest and nothing else", solve_riemann(fluid, {dense, 0.0}, {cool, 0.0})},
+      {"fan and shock that are all but rounding",
+       solve_riemann(fluid, {dense, 0.0}, {thinner, 0.0})},
   };
   for (const Row& row : rows) {
     SCOPED_TRACE(row.why);
@@ -352,11 +357,15 @@ TEST_F(FlowProgram, ExitStatusTellsWhatWentWrong) {
       {"tube --pres", 1, "--pres"},
       {"", 1, "subcommand"},
       {"tube --cells 20 --csv out/x", 1, "cannot write out/x"},
+      {"tube --pres 5000 --cells 20", 0, ""},  // no wave at all
+      {"pipe --pres-right 12000", 1, "has to be below"},
+      {"wave --pres-right 20000", 1, "has to be below"},
   };
   for (const Row& row : rows) {
     SCOPED_TRACE(row.options);
     EXPECT_EQ(run("", row.options), row.status);
     EXPECT_NE(read("err").find(row.message), std::string::npos) << read("err");
+    EXPECT_EQ(read("err").find("MPI"), std::string::npos) << "one process ends by itself";
   }
 }
 
