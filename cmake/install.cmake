@@ -29,9 +29,10 @@ install(FILES ${PROJECT_BINARY_DIR}/cmake/co2_properties-config.cmake
 
 # pkg-config: paths relative to the .pc file, so that an installed tree can be moved. A static
 # library needs what it links to on the same command line.
-set(co2_pc_dir ${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+set(co2_pc_dir ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig)
 file(RELATIVE_PATH co2_pc_prefix ${co2_pc_dir} ${CMAKE_INSTALL_PREFIX})
 string(REGEX REPLACE "/$" "" co2_pc_prefix ${co2_pc_prefix})
+file(RELATIVE_PATH co2_pc_includedir ${co2_pc_dir} ${CMAKE_INSTALL_FULL_INCLUDEDIR})
 set(co2_pc_libs)
 if(NOT BUILD_SHARED_LIBS)
   set(co2_pc_libs -lm)
