@@ -8,7 +8,7 @@
 !   if (ierr > 0) print *, trim(co2_error_message(ierr))
 !
 ! Each entry takes two inputs, a status and any subset of nineteen outputs by position or keyword.
-! An output that is absent is neither computed nor written. With arrays of one rank in place of
+! An output that is absent is neither computed nor written. With arrays of rank 1 in place of all the
 ! scalars the same call serves many states.
 !
 ! Units: temperature K, pressure kPa, density kg/m3, energies kJ/kg, entropy and heat capacities
