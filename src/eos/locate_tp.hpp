@@ -22,6 +22,9 @@ struct IsochoreCurve {
   double coef[curve_terms];  ///< kPa K^-k
 };
 
+/// More than the rounding error of any curve at its temperatures, kPa.
+inline constexpr double curve_rounding = 3e-4;
+
 /// An element in the list of one temperature interval, and the curve of its lower density edge.
 struct TpRow {
   std::uint16_t element;  ///< 1-based
@@ -125,9 +128,8 @@ template <class Strip>
     const double size = second < 0.0 ? -second : second;
     if (size > bend) bend = size;
   }
-  // Between samples a curve strays by about an eighth of its second difference; its rounding error
-  // is far below 1e-4 kPa.
-  const double margin = bend + 1e-9 * pres_max;
+  // Between samples a curve strays by about an eighth of its second difference.
+  const double margin = bend + curve_rounding;
   return {lo - margin, hi + margin};
 }
 
@@ -165,9 +167,9 @@ constexpr void TpMap::index_strip(Strip& strip, const TpRow* const row, const st
   const bool is_vapour = row[0].element < first_liquid;
   for (std::int32_t k = 0; k < count; ++k) {
     const ShearedRange range = sheared_range(curve(k), strip, temp_lo, temp_hi);
-    const bool starts = curve(k).temp_start > temp_lo;
-    lowest[k] = starts && !is_vapour ? -1 : strip.bins(range.lo);
-    highest[k] = starts && is_vapour ? bin_count : strip.bins(range.hi);
+    const double start = curve(k).temp_start;  // where liquid counts already, vapour not yet
+    lowest[k] = !is_vapour && start > temp_lo ? -1 : strip.bins(range.lo);
+    highest[k] = is_vapour && start >= temp_lo ? bin_count : strip.bins(range.hi);
   }
   for (std::int32_t b = 0; b < bin_count; ++b) {
     std::int32_t start = 0;

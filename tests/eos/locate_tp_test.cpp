@@ -25,10 +25,12 @@ struct Region {
   std::int32_t (*locate)(const double&, const double&) noexcept;
   const TpMap* map;
   std::int32_t first, last;
+  double hottest;  // K
 };
-const Region regions[] = {{"vapour", vap_index_from_tp, &vapour_tp_map, 1, 93},
-                          {"liquid", liq_index_from_tp, &liquid_tp_map, 94, 222},
-                          {"supercritical", sc_index_from_tp, &supercritical_tp_map, 223, 649}};
+const Region regions[] = {
+    {"vapour", vap_index_from_tp, &vapour_tp_map, 1, 93, 304.1282},
+    {"liquid", liq_index_from_tp, &liquid_tp_map, 94, 222, 304.1282},
+    {"supercritical", sc_index_from_tp, &supercritical_tp_map, 223, 649, 1500.0}};
 
 // Known curves of the coldest vapour elements.
 double p1(const double t) {
@@ -200,6 +202,26 @@ TEST(LocateTp, TheIndexDoesNotChangeTheResult) {
     for (const double temp : {not_a_number, infinity, -infinity, 0.0, 240.0, 304.1282, 1500.0}) {
       for (const double pres : {not_a_number, infinity, -infinity, 0.0, 1.0, 7377.3, 1e5}) {
         check(temp, pres);
+      }
+    }
+  }
+}
+
+// A bound for Horner's rule: power k takes part in at most 2 k + 1 roundings.
+TEST(LocateTp, TheMarginOfTheIndexCoversTheRoundingOfTheCurves) {
+  constexpr double unit_roundoff = 0x1p-53;
+  for (const Region& region : regions) {
+    const TpMap& map = *region.map;
+    for (std::int32_t i = 0; i <= map.temp.count; ++i) {
+      const double temp = i < map.temp.count ? map.temp.edges[i] : region.hottest;
+      for (std::int32_t r = map.first[i] + 1; r < map.first[i + 1]; ++r) {
+        double bound = 0.0;
+        double power = 1.0;
+        for (std::int32_t k = 0; k < curve_terms; ++k, power *= temp) {
+          bound +=
+              (2 * k + 1) * unit_roundoff * power * std::abs(map.curves[map.rows[r].curve].coef[k]);
+        }
+        EXPECT_LT(bound, curve_rounding) << region.name << ", interval " << i << ", row " << r;
       }
     }
   }
