@@ -28,6 +28,8 @@
 // From here on only: inline functions of the headers above, of which the linker keeps any copy,
 // have to run on every machine.
 #pragma GCC target("avx512f")
+// AVX-512F brings fused operations along, whatever the flags of the compiler: none of them here.
+#pragma GCC optimize("fp-contract=off")
 
 namespace co2_properties {
 namespace {
