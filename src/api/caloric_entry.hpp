@@ -54,9 +54,13 @@ template <class Caloric>
     s.element = relocate(s.temp, s.dens);
     return s;
   }
-  // Far below the cold end of the saturation line its extrapolation ends (NaN): single phase.
   const double temp_sat = calc_sat_temp(pres);
-  s.vap = saturated_vapour(temp_sat, calc_sat_vap_dens(temp_sat));
+  const double dens_vap = calc_sat_vap_dens(temp_sat);
+  if (!(dens_vap > 0.0)) {  // far below its cold end the extrapolated saturation line ends
+    s.element = vap_index_from_td(temp_sat, dens_vap);
+    return s;
+  }
+  s.vap = saturated_vapour(temp_sat, dens_vap);
   const double caloric_vap = Caloric::value(s.vap.d, temp_sat, s.vap.dens);
   s.element = s.vap.element;
   if (!(caloric < caloric_vap)) return s;
