@@ -149,7 +149,14 @@ inline void write_lanes(const Batch& batch, const LaneStates& states, const Lane
   put_near_critical(out.cv, near_critical, calculate_cv);
   put(out.cp, [&]() { return isobaric_heat_capacity(d, temp, dens); });
   put_near_critical(out.cp, near_critical_for_cp, calculate_cp);
-  put(out.ssnd, [&]() { return lane_root(speed_of_sound_squared(d, dens)); });
+  put(out.ssnd, [&]() {
+    // What is not written may be negative, and hosts may trap its root.
+    Lanes square = wanted ? speed_of_sound_squared(d, dens) : Lanes{};
+    for (std::size_t k = 0; some_near_critical && k < lane_count; ++k) {
+      if (near_critical(temp[k], dens[k])) square[k] = 0.0;
+    }
+    return lane_root(square);
+  });
   put_near_critical(out.ssnd, near_critical, calculate_ssnd);
   put_each(out.visc,
            [&](const std::size_t k, double& value) { calculate_visc(dens[k], temp[k], value); });
