@@ -80,7 +80,7 @@ struct BatchOutputSet {
 /// and leaves the others alone.
 ///
 /// An output may be the very array of an input, with the same data and stride. Otherwise no array
-/// that is written may overlap another one.
+/// that is written may overlap another one or, with stride 0, itself: the order is not defined.
 ///
 /// Returns false, and touches nothing, if the length of the second input, of `ierr` or of a present
 /// output differs from that of the first input; else true.
