@@ -15,7 +15,8 @@
 namespace co2_properties {
 
 /// A caller's array with a stride: element i is data[i * stride]. Strides count elements and may be
-/// negative; 0 on an input means one value for all states. Contiguous ranges convert to it.
+/// negative; 0 on an input means one value for all states. Contiguous ranges convert to it; give an
+/// output its size first, since an empty vector may count as absent.
 template <class T>
 class StridedSpan {
  public:
@@ -34,6 +35,12 @@ class StridedSpan {
     data_ = span.data();
     size_ = span.size();
   }
+
+  /// Results as inputs.
+  template <class Result>
+  requires std::same_as<T, const Result>
+  constexpr StridedSpan(const StridedSpan<Result>& other) noexcept
+      : data_(other.data()), size_(other.size()), stride_(other.stride()) {}
 
   [[nodiscard]] constexpr T* data() const noexcept { return data_; }                  ///< element 0
   [[nodiscard]] constexpr std::size_t size() const noexcept { return size_; }         ///< elements

@@ -302,7 +302,8 @@ struct CaloricLanes {
       temp = met ? temp : temp - move.temp;
       dens = met ? dens : dens - move.dens;
     }
-    const LaneMask within = met & (temp >= temp_min) & (temp <= temp_max);
+    const LaneMask within =
+        met & (temp >= temp_min) & (temp <= temp_max) & is_stable_state(d, temp, dens);
     write_lanes(batch, states, within, d, temp, dens, pres);
     return ~within;
   }

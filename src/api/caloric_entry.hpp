@@ -171,17 +171,19 @@ template <class Caloric>
   return s;
 }
 
+/// Half the width of the band around the critical temperature, K, in which isotherms are flat.
+inline constexpr double critical_band = 0.08;
+
 /// Verdict on an iteration that did not converge in time: success, the warning of the band around
 /// the critical temperature, where the isotherms are flat and a loose result is still a result, or
 /// an error. A NaN is an error.
 [[nodiscard]] inline std::int32_t judge_late_result(const CaloricSolution& s,
                                                     const CaloricTarget& target,
                                                     const CaloricCodes& codes) noexcept {
-  constexpr double band = 0.08;  // K
   constexpr double loose = 1e-4;
   const double pres_error = std::abs(s.pres_residual);
   const double caloric_error = std::abs(s.caloric_residual);
-  if (std::abs(s.temp - t_crit) <= band) {
+  if (std::abs(s.temp - t_crit) <= critical_band) {
     const bool off =
         pres_error > loose * target.pres || caloric_error > at_least_of_unit(loose, target.caloric);
     return off ? codes.loosely_converged : status::success;
@@ -193,6 +195,19 @@ template <class Caloric>
   if (s.temp < temp_min) return codes.temp_below_min;
   if (s.temp > temp_max) return codes.temp_above_max;
   return codes.not_converged;
+}
+
+/// Whether pressure and property are met by a stable fluid of the range. Inputs far beyond it may
+/// be met where an extrapolated polynomial goes, at densities that no fluid has or where the
+/// isotherm falls. The critical point is as close to the limit of stability as rounding, so that in
+/// the band around its temperature nothing is refused. For one state or for lanes.
+template <class Derivatives, class Real>
+[[nodiscard, gnu::always_inline]] inline auto is_stable_state(const Derivatives& d, const Real temp,
+                                                              const Real dens) noexcept {
+  constexpr double densest = 1300.0;  // kg/m3; 1257.3 at 240 K and 100000 kPa
+  const Real slope = dpdd(d, dens);
+  return ((temp > t_crit - critical_band) & (temp < t_crit + critical_band)) |
+         ((dens < densest) & (slope > 0.0) & (d.a_tt < 0.0));
 }
 
 // ---- Entry -------------------------------------------------------------------------------------
@@ -217,6 +232,7 @@ void finish_caloric(const CaloricStart& start, const double pres, const double c
   }
   if (s.temp < temp_min) return fail(codes.temp_below_min, ierr, out);
   if (s.temp > temp_max) return fail(codes.temp_above_max, ierr, out);
+  if (!is_stable_state(s.d, s.temp, s.dens)) return fail(codes.not_converged, ierr, out);
   write_single_phase(s.d, s.temp, s.dens, pres, SaturatedDensities{}, out);
 }
 

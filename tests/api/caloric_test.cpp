@@ -537,6 +537,36 @@ TEST(Caloric, ThinVapourRaisesNoInvalidOperation) {
   }
 }
 
+// Beyond the range an extrapolated polynomial may meet the inputs where no fluid is. What is
+// returned without a warning has to be a state.
+TEST(Caloric, InputsFarBeyondTheRangeGiveNoStatesOfNoFluid) {
+  constexpr double pressures[] = {1.0, 60.0, 1290.0, 7000.0, 20000.0, 50000.0, 100000.0};
+  constexpr int steps = 20000;
+  for (const Entry& entry : entries) {
+    SCOPED_TRACE(entry.name);
+    for (const double pres : pressures) {
+      double coldest = 0.0;
+      double hottest = 0.0;
+      std::int32_t ierr = 0;
+      OutputSet caloric;
+      (entry.caloric == test::enth ? caloric.enth : caloric.entr) = &coldest;
+      co2_tp(240.0, pres, ierr, caloric);
+      (entry.caloric == test::enth ? caloric.enth : caloric.entr) = &hottest;
+      co2_tp(1500.0, pres, ierr, caloric);
+      for (int k = 1; k <= steps; ++k) {
+        const double beyond = 3.0 * (hottest - coldest) * k / steps;
+        for (const double x : {coldest - beyond, hottest + beyond}) {
+          const Result r = entry(pres, x);
+          const double qual = r[test::qual];
+          if (r.ierr != 0 || (qual > 0.0 && qual < 1.0)) continue;
+          EXPECT_TRUE(r[test::cp] > 0.0 && r[test::ssnd] > 0.0 && r[test::dens] < 1300.0)
+              << pres << " kPa, " << x << ": " << r[test::temp] << " K " << r[test::dens];
+        }
+      }
+    }
+  }
+}
+
 TEST(Caloric, AnyBitPatternIsAnswered) {
   std::mt19937_64 engine(7);
   std::uniform_real_distribution<double> in_log_pres(-1.0, 12.0);
