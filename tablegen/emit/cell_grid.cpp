@@ -58,7 +58,8 @@ std::string axis_definition(const std::string& name, const std::vector<double>& 
 }
 
 std::string axis_initialiser(const std::string& name, const std::vector<double>& edges) {
-  return edges.empty() ? "{nullptr, 0}" : "{" + name + ", " + std::to_string(edges.size()) + "}";
+  if (edges.empty()) return "{nullptr, 0}";
+  return '{' + name + ", " + std::to_string(edges.size()) + '}';
 }
 
 }  // namespace
@@ -124,8 +125,10 @@ std::string grid_arrays(const std::string& name, const CellGrid& grid) {
 }
 
 std::string grid_initialiser(const std::string& name, const CellGrid& grid) {
-  return "{" + axis_initialiser(name + "_x_edges", grid.x) + ", " +
-         axis_initialiser(name + "_y_edges", grid.y) + ", " + name + "_cells}";
+  std::string text = "{";
+  text += axis_initialiser(name + "_x_edges", grid.x) + ", ";
+  text += axis_initialiser(name + "_y_edges", grid.y) + ", ";
+  return text + name + "_cells}";
 }
 
 }  // namespace co2_properties::tablegen
