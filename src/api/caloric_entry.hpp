@@ -202,8 +202,9 @@ inline constexpr double critical_band = 0.08;
 /// isotherm falls. The critical point is as close to the limit of stability as rounding, so that in
 /// the band around its temperature nothing is refused. For one state or for lanes.
 template <class Derivatives, class Real>
-[[nodiscard, gnu::always_inline]] inline auto is_stable_state(const Derivatives& d, const Real temp,
-                                                              const Real dens) noexcept {
+[[nodiscard, gnu::always_inline]] inline auto is_stable_state(const Derivatives& d,
+                                                              const Real& temp,
+                                                              const Real& dens) noexcept {
   constexpr double densest = 1300.0;  // kg/m3; 1257.3 at 240 K and 100000 kPa
   const Real slope = dpdd(d, dens);
   return ((temp > t_crit - critical_band) & (temp < t_crit + critical_band)) |

@@ -61,8 +61,10 @@ struct SaturatedPhase {
 [[nodiscard]] SaturatedPhase saturated_vapour(double temp, double dens) noexcept;
 
 /// Writes a mixture of saturated liquid and vapour: the pressure of the vapour, energies and
-/// entropy weighted by `qual`, and +0.0 for everything that has no value in two phases. \param dens
-/// density of the mixture, kg/m3 \param qual  mass fraction of the vapour
+/// entropy weighted by `qual`, and +0.0 for everything that has no value in two phases.
+///
+/// \param dens  density of the mixture, kg/m3
+/// \param qual  mass fraction of the vapour
 void write_two_phase(double temp, double dens, double qual, const SaturatedPhase& liq,
                      const SaturatedPhase& vap, const OutputSet& out) noexcept;
 

@@ -14,53 +14,57 @@ namespace co2_properties {
 // separately would lose the digits that nesting keeps. The templates run on one state or on lanes,
 // which are independent of each other: the bits are the same.
 
-/// Sums over the powers of tau for some of the density functions; steps through all of them at
-/// once, since each alone waits for its own results. \param coef  coef[i][j]: coefficient of power
-/// i of tau in density function j \param s     receives s.f[j], s.f_t[j] and the exact half of the
-/// second derivative,
-///              s.half_f_tt[j]
-template <std::int32_t count, class Real, class Sums>
-[[gnu::always_inline]] inline void sum_powers(const Real (&coef)[temp_terms][count],
-                                              const Real& tau, Sums& s) noexcept {
-  const auto for_each = [](const auto& step) __attribute__((always_inline)) {
+/// step(0), step(1), ..., step(count - 1), without a loop.
+template <std::int32_t count, class Step>
+[[gnu::always_inline]] inline void unrolled(const Step& step) noexcept {
 #if defined(__clang__)
 #pragma unroll
 #elif defined(__GNUC__)
 #pragma GCC unroll 8
 #endif
-    for (std::int32_t j = 0; j < count; ++j) step(j);
-  };
-  for_each([&](const std::int32_t j) {
+  for (std::int32_t j = 0; j < count; ++j) step(j);
+}
+
+/// Sums over the powers of tau for some of the density functions; steps through all of them at
+/// once, since each alone waits for its own results.
+///
+/// \param coef  coef[i][j]: coefficient of power i of tau in density function j
+/// \param s     receives s.f[j], s.f_t[j] and the exact half of the second derivative,
+///              s.half_f_tt[j]
+template <std::int32_t count, class Real, class Sums>
+[[gnu::always_inline]] inline void sum_powers(const Real (&coef)[temp_terms][count],
+                                              const Real& tau, Sums& s) noexcept {
+  unrolled<count>([&](const std::int32_t j) {
     const Real c5 = coef[5][j];
     s.f[j] = c5 * tau;
     s.f_t[j] = 5.0 * c5 * tau;
     s.half_f_tt[j] = s.f_t[j] + s.f_t[j];
   });
-  for_each([&](const std::int32_t j) {
+  unrolled<count>([&](const std::int32_t j) {
     const Real c4 = coef[4][j];
     s.f[j] = (s.f[j] + c4) * tau;
     s.f_t[j] = (s.f_t[j] + 4.0 * c4) * tau;
     s.half_f_tt[j] = (s.half_f_tt[j] + 6.0 * c4) * tau;
   });
-  for_each([&](const std::int32_t j) {
+  unrolled<count>([&](const std::int32_t j) {
     const Real c3 = coef[3][j];
     const Real three_c3 = 3.0 * c3;
     s.f[j] = (s.f[j] + c3) * tau;
     s.f_t[j] = (s.f_t[j] + three_c3) * tau;
     s.half_f_tt[j] = (s.half_f_tt[j] + three_c3) * tau;
   });
-  for_each([&](const std::int32_t j) {
+  unrolled<count>([&](const std::int32_t j) {
     const Real c2 = coef[2][j];
     s.f[j] = (s.f[j] + c2) * tau;
     s.f_t[j] = (s.f_t[j] + 2.0 * c2) * tau;
     s.half_f_tt[j] = s.half_f_tt[j] + c2;
   });
-  for_each([&](const std::int32_t j) {
+  unrolled<count>([&](const std::int32_t j) {
     const Real c1 = coef[1][j];
     s.f[j] = (s.f[j] + c1) * tau;
     s.f_t[j] = s.f_t[j] + c1;
   });
-  for_each([&](const std::int32_t j) { s.f[j] = s.f[j] + coef[0][j]; });
+  unrolled<count>([&](const std::int32_t j) { s.f[j] = s.f[j] + coef[0][j]; });
 }
 
 /// Sum over the density functions with the factors k.
@@ -139,7 +143,9 @@ struct Isotherm {
 /// \param e     element index, 1..649; not checked
 /// \param temp  temperature, K
 /// \param dens  density, kg/m3, positive (zero and below give the infinities and NaN of ln and
-/// 1/rho) Outside the element's rectangle its polynomial is extrapolated. NaN in gives NaN out.
+///              1/rho)
+///
+/// Outside the element's rectangle its polynomial is extrapolated. NaN in gives NaN out.
 /// Accuracy: that of the table, see docs/accuracy.md. Fitted to Span & Wagner, J. Phys. Chem. Ref.
 /// Data 25 (1996) 1509.
 [[nodiscard, gnu::visibility("default")]] HelmholtzDerivatives element_derivatives(

@@ -6,9 +6,13 @@ namespace co2_properties::reference {
 
 /// Viscosity of carbon dioxide, uPa s: A. Fenghour, W. A. Wakeham, V. Vesovic, J. Phys. Chem. Ref.
 /// Data 27 (1998) 31-44. Dilute gas plus excess; the critical enhancement, small and confined to
-/// the neighbourhood of the critical point, is left out. \param temp  K, 200 to 1500; \param dens
-/// kg/m3, 0 to 1400; NaN in gives NaN out Valid to 300 MPa below 1000 K and to 30 MPa up to 1500 K;
-/// the authors state 0.3 % to 5 %.
+/// the neighbourhood of the critical point, is left out.
+///
+/// \param temp  K, 200 to 1500
+/// \param dens  kg/m3, 0 to 1400
+///
+/// NaN in gives NaN out. Valid to 300 MPa below 1000 K and to 30 MPa up to 1500 K; the authors
+/// state 0.3 % to 5 %.
 template <class Real>
 Real viscosity(Real temp, Real dens) {
   using std::exp;

@@ -6,7 +6,9 @@
 
 namespace co2_properties::accuracy {
 
-/// A Markdown table with its columns aligned. \param rows  as many cells each as `header`
+/// A Markdown table with its columns aligned.
+///
+/// \param rows  as many cells each as `header`
 [[nodiscard]] std::string text_table(const std::vector<std::string>& header,
                                      const std::vector<std::vector<std::string>>& rows);
 

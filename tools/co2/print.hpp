@@ -10,7 +10,9 @@
 namespace co2_properties::tool {
 
 /// Prints name, value, unit and meaning of the properties `results` (indices) of a state, the
-/// decimal points aligned. \param digits  significant digits; 0: as many as are exact
+/// decimal points aligned.
+///
+/// \param digits  significant digits; 0: as many as are exact
 void print_state(const State& state, std::span<const std::size_t> results, int digits);
 
 /// Prints the critical point and the limits of the library.
