@@ -9,6 +9,7 @@
 
 #include "tablegen/emit/number.hpp"
 #include "tablegen/emit/source.hpp"
+#include "tablegen/tilings/text_reader.hpp"
 
 namespace co2_properties::tablegen {
 namespace {
@@ -228,7 +229,7 @@ Difference compare(const FittedTable& table, const std::string_view other) {
 }
 
 Generated generate(const InverseTableDesign& design) {
-  const std::string tiling = inverse_tiling_text(design.name);
+  const std::string tiling = tiling_text(std::string(design.name) + ".txt");
   const FittedTable table = fit_table(design, tiling);
   return {source_text(table, tiling), report_text(table), error_lines(table).front(),
           [table](const std::string_view other) { return compare(table, other); }};

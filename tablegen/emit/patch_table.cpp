@@ -11,6 +11,7 @@
 #include "tablegen/emit/source.hpp"
 #include "tablegen/fit/patch_fit.hpp"
 #include "tablegen/reference/span_wagner.hpp"
+#include "tablegen/tilings/text_reader.hpp"
 
 namespace co2_properties::tablegen {
 namespace {

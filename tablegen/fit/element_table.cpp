@@ -14,6 +14,7 @@
 #include "eos/properties.hpp"
 #include "tablegen/emit/number.hpp"
 #include "tablegen/emit/source.hpp"
+#include "tablegen/parallel.hpp"
 
 namespace co2_properties::tablegen {
 namespace {
@@ -28,16 +29,10 @@ constexpr Real least_residual = 1e-5L;
 /// Rounds of fitting the shared edges, each with weights from the one before.
 constexpr int rounds = 8;
 
-/// Runs work(0) .. work(count - 1) on all cores; each call writes only results of its own.
+/// All cores take part; the results do not depend on how many there are.
 template <class Work>
-void for_each_index(const std::size_t count, const Work& work) {
-  const std::size_t workers = std::max(1U, std::thread::hardware_concurrency());
-  std::vector<std::jthread> threads;
-  for (std::size_t w = 0; w < workers; ++w) {
-    threads.emplace_back([&, w] {
-      for (std::size_t k = w; k < count; k += workers) work(k);
-    });
-  }
+void on_all_cores(const std::size_t count, const Work& work) {
+  for_each_index(count, std::max(1U, std::thread::hardware_concurrency()), work);
 }
 
 /// How much worse an element is than its functions could be without shared edges.
@@ -298,7 +293,7 @@ std::vector<ElementResult> fit_elements(const std::vector<ElementCell>& cells) {
   std::vector<std::optional<ElementFitter>> fitters(cells.size());
   std::vector<Rows> losses(cells.size());
   std::vector<ElementResult> results(cells.size());
-  for_each_index(cells.size(), [&](const std::size_t k) {
+  on_all_cores(cells.size(), [&](const std::size_t k) {
     fitters[k].emplace(cells[k]);
     results[k].cell = cells[k];
     results[k].unconstrained = fitters[k]->solve();
@@ -314,7 +309,7 @@ std::vector<ElementResult> fit_elements(const std::vector<ElementCell>& cells) {
   std::vector<EdgeCoefficients> polynomials = interpolated_edges(edges);
   for (int round = 0; round < rounds; ++round) {
     improve_edges(edges, at, losses, polynomials);
-    for_each_index(cells.size(), [&](const std::size_t k) {
+    on_all_cores(cells.size(), [&](const std::size_t k) {
       results[k].stored =
           fitters[k]->solve(span(at[k].lower), span(at[k].upper), at[k].gather(polynomials));
       // Elements that lose much by sharing their edges count more in the next round.

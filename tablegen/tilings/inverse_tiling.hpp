@@ -29,10 +29,6 @@ using InverseTiling = std::vector<InverseTilingCell>;
 /// of its order
 [[nodiscard]] InverseTiling read_inverse_tiling(const std::string& text);
 
-/// Text of the tiling with that name, tablegen/tilings/<name>.txt.
-/// \throws std::runtime_error if it cannot be read
-[[nodiscard]] std::string inverse_tiling_text(const std::string& name);
-
 /// The map of a tiling; its values count the cells from 0.
 /// \throws std::invalid_argument if the cells overlap or leave a gap
 [[nodiscard]] CellGrid inverse_grid(const InverseTiling& tiling);

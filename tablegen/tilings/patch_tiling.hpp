@@ -34,8 +34,4 @@ using PatchTiling = std::vector<PatchCell>;
 /// \throws std::invalid_argument if the cells overlap or leave a gap
 [[nodiscard]] CellGrid patch_grid(const PatchTiling& tiling);
 
-/// Content of a file in tablegen/tilings/.
-/// \throws std::runtime_error if it cannot be read
-[[nodiscard]] std::string tiling_text(const std::string& file_name);
-
 }  // namespace co2_properties::tablegen

@@ -10,6 +10,7 @@
 
 #include "tablegen/emit/inverse_table.hpp"
 #include "tablegen/reference/span_wagner.hpp"
+#include "tablegen/tilings/text_reader.hpp"
 
 namespace co2_properties::tablegen {
 namespace {
@@ -35,7 +36,8 @@ TEST(InverseFit, ComesCloseToTheGivenCoefficients) {
   for (const Given& g : given) {
     SCOPED_TRACE(g.why);
     const auto& [name, caloric, estimate] = inverse_table_designs()[g.table];
-    const InverseTilingCell cell = read_inverse_tiling(inverse_tiling_text(name))[g.cell];
+    const InverseTilingCell cell =
+        read_inverse_tiling(tiling_text(std::string(name) + ".txt"))[g.cell];
     ASSERT_TRUE(cell.given);
     ServedStates served = served_states(caloric, cell.box, chebyshev_nodes(14));
     served.cold_liquid.clear();  // beyond the limits that the given fit kept to
@@ -105,7 +107,7 @@ TEST(InverseTable, StoredCellsAreTheirFits) {
   for (std::size_t t = 0; t < 4; ++t) {
     const auto& [name, caloric, estimate] = inverse_table_designs()[t];
     SCOPED_TRACE(name);
-    const std::string text = inverse_tiling_text(name);
+    const std::string text = tiling_text(std::string(name) + ".txt");
     const InverseTiling tiling = read_inverse_tiling(text);
     for (const std::size_t k : {std::size_t{4}, tiling.size() / 2, tiling.size() - 1}) {
       const ServedStates served = served_states(caloric, tiling[k].box, chebyshev_nodes(14));

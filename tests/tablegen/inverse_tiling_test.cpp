@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "tablegen/emit/inverse_table.hpp"
+#include "tablegen/tilings/text_reader.hpp"
 #include "tests/support/bits.hpp"
 
 namespace co2_properties::tablegen {
@@ -30,7 +31,7 @@ const Fit fits[] = {{"temp_from_hp", &temp_from_hp_fit, 72, 10},
 TEST(InverseTiling, TablesHaveTheirCells) {
   for (const Fit& f : fits) {
     SCOPED_TRACE(f.name);
-    const InverseTiling tiling = read_inverse_tiling(inverse_tiling_text(f.name));
+    const InverseTiling tiling = read_inverse_tiling(tiling_text(std::string(f.name) + ".txt"));
     ASSERT_EQ(tiling.size(), f.cells);
     std::size_t checks = 0;
     std::size_t given = 0;
@@ -75,7 +76,7 @@ std::vector<double> probes(const InverseTiling& tiling, double Box::*lo, double 
 TEST(InverseTiling, EachPointLiesInTheOneCellThatTheMapFinds) {
   for (const Fit& f : fits) {
     SCOPED_TRACE(f.name);
-    const InverseTiling tiling = read_inverse_tiling(inverse_tiling_text(f.name));
+    const InverseTiling tiling = read_inverse_tiling(tiling_text(std::string(f.name) + ".txt"));
     for (const double pres : probes(tiling, &Box::x_lo, &Box::x_hi)) {
       for (const double caloric : probes(tiling, &Box::y_lo, &Box::y_hi)) {
         std::vector<std::size_t> found;

@@ -10,6 +10,7 @@
 
 #include "tablegen/emit/patch_table.hpp"
 #include "tablegen/reference/span_wagner.hpp"
+#include "tablegen/tilings/text_reader.hpp"
 
 namespace co2_properties::tablegen {
 namespace {

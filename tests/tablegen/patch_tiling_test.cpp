@@ -11,6 +11,7 @@
 
 #include "fits/patch.hpp"
 #include "tablegen/emit/patch_table.hpp"
+#include "tablegen/tilings/text_reader.hpp"
 #include "tests/support/bits.hpp"
 
 namespace co2_properties::tablegen {

@@ -6,8 +6,8 @@
 #include <random>
 
 #include "accuracy_report/cell_edges.hpp"
-#include "accuracy_report/parallel.hpp"
 #include "api/co2_properties.hpp"
+#include "tablegen/parallel.hpp"
 #include "tablegen/reference/phase_equilibrium.hpp"
 
 namespace co2_properties::accuracy {
@@ -82,7 +82,7 @@ class Sampler {
     const bool reference_single = state.dens <= dens_vap || state.dens >= dens_liq;
     ++range->tried;
     if (library_single == reference_single) return;
-    ++(library_single ? range->library_only : range->reference_only);
+    ++(library_single ? range->only_in_library : range->only_in_reference);
     const double distance =
         std::min(std::abs(state.dens / dens_liq - 1.0), std::abs(state.dens / dens_vap - 1.0));
     range->farthest = std::max(range->farthest, distance);
@@ -112,7 +112,7 @@ Sample draw_sample(const std::size_t count, const std::uint64_t seed, const unsi
   const std::size_t blocks = (count + block_size - 1) / block_size;
   std::vector<std::array<PhaseDifference, 4>> differences(blocks);
   Sample sample{std::vector<StateErrors>(count), no_differences};
-  for_each_index(blocks, threads, [&](const std::size_t b) {
+  tablegen::for_each_index(blocks, threads, [&](const std::size_t b) {
     Sampler sampler(seed, b);
     const std::size_t end = std::min(count, (b + 1) * block_size);
     for (std::size_t k = b * block_size; k < end; ++k) sample.states[k] = sampler.next(k);
@@ -122,8 +122,8 @@ Sample draw_sample(const std::size_t count, const std::uint64_t seed, const unsi
     for (std::size_t r = 0; r < block.size(); ++r) {
       PhaseDifference& total = sample.phase_differences[r];
       total.tried += block[r].tried;
-      total.library_only += block[r].library_only;
-      total.reference_only += block[r].reference_only;
+      total.only_in_library += block[r].only_in_library;
+      total.only_in_reference += block[r].only_in_reference;
       total.farthest = std::max(total.farthest, block[r].farthest);
     }
   }

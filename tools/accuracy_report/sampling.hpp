@@ -13,11 +13,11 @@ namespace co2_properties::accuracy {
 /// States close to saturation that the library and the reference assign to different phases, in one
 /// range of temperature.
 struct PhaseDifference {
-  double temp_end;                 ///< K; the range starts where the one before ends
-  std::size_t tried = 0;           ///< states within 10 % of a saturated density
-  std::size_t library_only = 0;    ///< single phase in the library, two phases in the reference
-  std::size_t reference_only = 0;  ///< the reverse
-  double farthest = 0.0;           ///< largest distance to the saturated density, relative
+  double temp_end;                    ///< K; the range starts where the one before ends
+  std::size_t tried = 0;              ///< states within 10 % of a saturated density
+  std::size_t only_in_library = 0;    ///< single phase in the library, two phases in the reference
+  std::size_t only_in_reference = 0;  ///< the reverse
+  double farthest = 0.0;              ///< largest distance to the saturated density, relative
 };
 
 struct Sample {

@@ -5,9 +5,9 @@
 #include <algorithm>
 #include <cmath>
 
-#include "accuracy_report/parallel.hpp"
 #include "api/co2_properties.hpp"
 #include "eos/properties.hpp"
+#include "tablegen/parallel.hpp"
 #include "tablegen/reference/phase_equilibrium.hpp"
 
 namespace co2_properties::accuracy {
@@ -47,8 +47,8 @@ std::vector<SaturationErrors> saturation_errors(const int count, const unsigned 
                  : closest * std::pow(10.0 / closest, static_cast<double>(n - half) / half);
     line[static_cast<std::size_t>(n)].temp = std::max(temp_sat_min, t_crit - below);
   }
-  for_each_index(line.size(), threads,
-                 [&](const std::size_t k) { line[k] = errors_at(line[k].temp); });
+  tablegen::for_each_index(line.size(), threads,
+                           [&](const std::size_t k) { line[k] = errors_at(line[k].temp); });
   std::sort(line.begin(), line.end(), [](const auto& a, const auto& b) { return a.temp < b.temp; });
   return line;
 }
@@ -90,7 +90,7 @@ Section phases_section(const Sample& sample) {
   double begin = temp_sat_min;
   for (const PhaseDifference& d : sample.phase_differences) {
     rows.push_back({fmt::format("{} .. {}", begin, d.temp_end), std::to_string(d.tried),
-                    std::to_string(d.library_only), std::to_string(d.reference_only),
+                    std::to_string(d.only_in_library), std::to_string(d.only_in_reference),
                     fmt::format("{:.1e}", d.farthest)});
     begin = d.temp_end;
   }

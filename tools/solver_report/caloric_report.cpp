@@ -12,7 +12,7 @@
 #include "api/caloric_properties.hpp"
 #include "solver_report/caloric_states.hpp"
 #include "solver_report/findings.hpp"
-#include "solver_report/parallel.hpp"
+#include "tablegen/parallel.hpp"
 
 namespace co2_properties::solver_report {
 namespace {
@@ -267,7 +267,7 @@ template <class By>
 Tally measure(const Options& options) {
   const std::uint64_t chunks = (options.states + chunk_size - 1) / chunk_size;
   std::vector<Tally> tallies(chunks);
-  for_each_index(chunks, options.threads, [&](const std::size_t k) {
+  tablegen::for_each_index(chunks, options.threads, [&](const std::size_t k) {
     CaloricSource source(options.seed * 1000003 + k);
     const CaloricStratumIndex stratum = stratum_of_chunk(k);
     for (std::uint64_t i = 0; i < chunk_size; ++i) {

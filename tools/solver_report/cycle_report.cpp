@@ -14,7 +14,7 @@
 #include "eos/element.hpp"
 #include "solver_report/caloric_states.hpp"
 #include "solver_report/findings.hpp"
-#include "solver_report/parallel.hpp"
+#include "tablegen/parallel.hpp"
 
 namespace co2_properties::solver_report {
 namespace {
@@ -160,7 +160,7 @@ bool report_cycle(const Options& options) {
              options.states, options.seed, options.threads);
   const std::uint64_t chunks = (options.states + chunk_size - 1) / chunk_size;
   std::vector<Tally> tallies(chunks);
-  for_each_index(chunks, options.threads, [&](const std::size_t k) {
+  tablegen::for_each_index(chunks, options.threads, [&](const std::size_t k) {
     CaloricSource source(options.seed * 1000003 + k);
     CaloricStratumIndex stratum = stratum_of_chunk(k);
     // Mixtures have no way through co2_tp, and start-cell edges depend on the entry.

@@ -14,8 +14,8 @@
 #include "co2_properties.hpp"
 #include "eos/element.hpp"
 #include "eos/locate_tp.hpp"
-#include "solver_report/parallel.hpp"
 #include "solver_report/states.hpp"
+#include "tablegen/parallel.hpp"
 #include "tablegen/reference/phase_equilibrium.hpp"
 
 namespace co2_properties::solver_report {
@@ -235,7 +235,7 @@ std::size_t stratum_of_chunk(const std::uint64_t chunk) {
 Tally round_trips(const Options& options) {
   const std::uint64_t chunks = (options.states + chunk_size - 1) / chunk_size;
   std::vector<Tally> tallies(chunks);
-  for_each_index(chunks, options.threads, [&](const std::size_t k) {
+  tablegen::for_each_index(chunks, options.threads, [&](const std::size_t k) {
     StateSource source(options.seed * 1000003 + k);
     const std::size_t s = stratum_of_chunk(k);
     const auto stratum = static_cast<StratumIndex>(s);
@@ -332,7 +332,7 @@ bool compare_densities(const Options& options) {
   constexpr double most_bound = 5e-7;  // of 99.9 % of the states
   constexpr double all_bound = 1e-6;
   std::vector<DensityError> errors(options.reference_states);
-  for_each_index(errors.size(), options.threads, [&](const std::size_t k) {
+  tablegen::for_each_index(errors.size(), options.threads, [&](const std::size_t k) {
     StateSource source(options.seed * 1000033 + k);
     DensityError& e = errors[k];
     for (;;) {
@@ -373,7 +373,7 @@ bool compare_saturation(const Options& options) {
     double temp, pres, by_pres, by_temp;
   };
   std::vector<Error> errors(count);
-  for_each_index(count, options.threads, [&](const std::size_t k) {
+  tablegen::for_each_index(count, options.threads, [&](const std::size_t k) {
     const double s = (static_cast<double>(k) + 0.5) / count;
     // A quarter of the temperatures close in on the critical one, down to 1e-4 K below it.
     const double temp =

@@ -6,7 +6,7 @@
 #include <thread>
 #include <vector>
 
-namespace co2_properties::accuracy {
+namespace co2_properties::tablegen {
 
 /// Runs work(0) .. work(count - 1), each once, in no particular order; a call writes only results
 /// of its own, so that they do not depend on the number of threads.
@@ -21,4 +21,4 @@ void for_each_index(const std::size_t count, const unsigned threads, const Work&
   run();
 }
 
-}  // namespace co2_properties::accuracy
+}  // namespace co2_properties::tablegen
