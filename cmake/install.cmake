@@ -1,10 +1,12 @@
 # What `cmake --install` and `cpack` put where.
 include(CMakePackageConfigHelpers)
 
-set(co2_headers batch.hpp co2_properties.h co2_properties.hpp helmholtz_derivatives.hpp limits.hpp
-  output_set.hpp status.hpp)
-list(TRANSFORM co2_headers PREPEND ${PROJECT_SOURCE_DIR}/src/api/)
-install(FILES ${co2_headers} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/co2_properties)
+# The include folder of a host sees the two public headers and a folder, no limits.hpp or status.hpp
+# that its own could be taken for.
+install(FILES ${PROJECT_SOURCE_DIR}/src/api/co2_properties.h
+  ${PROJECT_SOURCE_DIR}/src/api/co2_properties.hpp DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/src/api/co2_properties
+  DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 install(FILES ${PROJECT_SOURCE_DIR}/LICENSE ${PROJECT_SOURCE_DIR}/CITATION.cff
   DESTINATION ${CMAKE_INSTALL_DOCDIR})
 
@@ -14,7 +16,7 @@ if(TARGET co2_properties_fortran)
   install(TARGETS co2_properties_fortran EXPORT co2_properties)
   # Module files are tied to a compiler; the source serves others.
   install(FILES $<TARGET_PROPERTY:co2_properties_fortran,Fortran_MODULE_DIRECTORY>/co2_properties.mod
-    DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/co2_properties)
+    DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
   install(FILES ${PROJECT_SOURCE_DIR}/bindings/fortran/co2_properties.f90
     DESTINATION ${CMAKE_INSTALL_DATADIR}/co2_properties)
 endif()

@@ -1,4 +1,4 @@
-#include "api/batch.hpp"
+#include "co2_properties/batch.hpp"
 
 #include <iterator>
 

@@ -14,11 +14,11 @@
 #include <array>
 #include <cstdint>
 
-#include "batch.hpp"
-#include "helmholtz_derivatives.hpp"
-#include "limits.hpp"
-#include "output_set.hpp"
-#include "status.hpp"
+#include "co2_properties/batch.hpp"
+#include "co2_properties/helmholtz_derivatives.hpp"
+#include "co2_properties/limits.hpp"
+#include "co2_properties/output_set.hpp"
+#include "co2_properties/status.hpp"
 
 // The shared library exports what is declared between these lines, and nothing else. The headers of
 // the parts mark the same procedures.
@@ -39,10 +39,10 @@ namespace co2_properties {
 //   co2_td(300.0, 50.0, ierr, {.pres = &p, .enth = &h});
 //   co2_td(300.0, 50.0, ierr, nullptr, &p);
 //
-// `ierr` is always written (see status.hpp). After an error every present output is +0.0. A range
-// test asks whether a value lies beyond its limit: the limits are accepted, and so is NaN, for
-// which nothing tests; it comes out in the outputs that depend on it. Outputs may overwrite the
-// inputs.
+// `ierr` is always written (see co2_properties/status.hpp). After an error every present output is
+// +0.0. A range test asks whether a value lies beyond its limit: the limits are accepted, and so is
+// NaN, for which nothing tests; it comes out in the outputs that depend on it. Outputs may
+// overwrite the inputs.
 
 /// State from temperature and density.
 /// \param temp_in  temperature, K, 240 to 1500

@@ -1,4 +1,4 @@
-#include "api/output_set.hpp"
+#include "co2_properties/output_set.hpp"
 
 #include "api/co2_properties.hpp"
 

@@ -4,7 +4,7 @@
 #include <cstdint>
 
 #include "api/state_writer.hpp"
-#include "api/status.hpp"
+#include "co2_properties/status.hpp"
 
 namespace co2_properties {
 

@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "api/limits.hpp"
+#include "co2_properties/limits.hpp"
 #include "eos/locate_td.hpp"
 
 namespace co2_properties {

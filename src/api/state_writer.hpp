@@ -3,8 +3,8 @@
 
 #include <cstdint>
 
-#include "api/helmholtz_derivatives.hpp"
-#include "api/output_set.hpp"
+#include "co2_properties/helmholtz_derivatives.hpp"
+#include "co2_properties/output_set.hpp"
 
 namespace co2_properties {
 

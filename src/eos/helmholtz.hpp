@@ -3,8 +3,8 @@
 
 #include <cstdint>
 
-#include "api/helmholtz_derivatives.hpp"
 #include "cells/pair.hpp"
+#include "co2_properties/helmholtz_derivatives.hpp"
 #include "eos/element.hpp"
 
 namespace co2_properties {

@@ -3,8 +3,8 @@
 
 #include <cstdint>
 
-#include "api/limits.hpp"
 #include "cells/cell_map.hpp"
+#include "co2_properties/limits.hpp"
 #include "eos/element.hpp"
 
 namespace co2_properties {

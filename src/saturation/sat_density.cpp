@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <iterator>
 
-#include "api/limits.hpp"
 #include "cells/cell_map.hpp"
+#include "co2_properties/limits.hpp"
 #include "saturation/quintic.hpp"
 
 namespace co2_properties {

@@ -10,7 +10,7 @@
 #include <stdexcept>
 #include <vector>
 
-#include "api/limits.hpp"
+#include "co2_properties/limits.hpp"
 #include "eos/helmholtz.hpp"
 #include "eos/locate_tp.hpp"
 #include "eos/properties.hpp"

@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "api/output_set.hpp"
+#include "co2_properties/output_set.hpp"
 
 namespace co2_properties::test {
 

@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <cstdint>
 
-#include "api/limits.hpp"
 #include "cells/cell_map.hpp"
+#include "co2_properties/limits.hpp"
 #include "eos/locate_td.hpp"
 #include "fits/patch.hpp"
 

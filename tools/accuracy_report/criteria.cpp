@@ -8,7 +8,7 @@
 #include <map>
 #include <utility>
 
-#include "api/limits.hpp"
+#include "co2_properties/limits.hpp"
 
 namespace co2_properties::accuracy {
 namespace {

@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <string_view>
 
-#include "output_set.hpp"
+#include "co2_properties/output_set.hpp"
 
 namespace co2_properties::tool {
 

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <span>
 
-#include "output_set.hpp"
+#include "co2_properties/output_set.hpp"
 
 #if defined(__GNUC__)
 #pragma GCC visibility push(default)  // see co2_properties.hpp
