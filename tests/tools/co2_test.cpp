@@ -257,21 +257,6 @@ TEST_F(Co2, BadRowsDoNotFloodTheScreen) {
   EXPECT_EQ(split(outcome.out, '\n').size(), 251U);
 }
 
-TEST_F(Co2, CycleStatesHaveTheirDesignPressure) {
-  const Outcome outcome = shell("co2 td --csv examples/data/brayton_states.csv -c pres");
-  EXPECT_EQ(outcome.status, 0) << outcome.err;
-  const std::vector<std::string> rows = split(outcome.out, '\n');
-  ASSERT_EQ(rows.size(), 9U);
-  ASSERT_EQ(rows[0], "point,place,design_pres,temp,dens,pres,ierr");
-  for (std::size_t i = 1; i < rows.size(); ++i) {
-    SCOPED_TRACE(rows[i]);
-    const std::vector<std::string> fields = split(rows[i], ',');
-    const double design = std::stod(fields.at(2));
-    // The densities are given to seven digits; the rest is the fit.
-    EXPECT_NEAR(std::stod(fields.at(5)), design, 1e-5 * design);
-  }
-}
-
 // Each step replaces what it computes: the densities and temperatures at the end are new.
 // None of the states lies at the edge of an element, where two of them answer.
 TEST_F(Co2, TheFourPairsLeadAroundToTheSameStates) {
