@@ -1,5 +1,22 @@
-# What `cmake --install` and `cpack` put where.
+# What `cmake --install` and `cpack` put where. Components: `lib` is what a program needs that was
+# linked to the shared library, `dev` what building one needs, with the documentation, `tools` the
+# command line.
 include(CMakePackageConfigHelpers)
+find_program(CO2_GZIP gzip)
+mark_as_advanced(CO2_GZIP)
+set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME dev)
+
+# co2_gzip(FILE RESULT): path of the compressed file, or of the file itself where there is no gzip.
+function(co2_gzip file result)
+  if(CO2_GZIP)
+    get_filename_component(name ${file} NAME)
+    execute_process(COMMAND ${CO2_GZIP} -9nc ${file}
+      OUTPUT_FILE ${PROJECT_BINARY_DIR}/cmake/${name}.gz COMMAND_ERROR_IS_FATAL ANY)
+    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${file})
+    set(file ${PROJECT_BINARY_DIR}/cmake/${name}.gz)
+  endif()
+  set(${result} ${file} PARENT_SCOPE)
+endfunction()
 
 # The include folder of a host sees the two public headers and a folder, no limits.hpp or status.hpp
 # that its own could be taken for.
@@ -7,11 +24,16 @@ install(FILES ${PROJECT_SOURCE_DIR}/src/api/co2_properties.h
   ${PROJECT_SOURCE_DIR}/src/api/co2_properties.hpp DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/src/api/co2_properties
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
-install(FILES ${PROJECT_SOURCE_DIR}/LICENSE ${PROJECT_SOURCE_DIR}/CITATION.cff
-  DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES ${PROJECT_SOURCE_DIR}/README.md ${PROJECT_SOURCE_DIR}/LICENSE
+  ${PROJECT_SOURCE_DIR}/CITATION.cff DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs DESTINATION ${CMAKE_INSTALL_DOCDIR}
+  FILES_MATCHING PATTERN *.md PATTERN *.png)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples/brayton
+  DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples)
 
 set(co2_config_dir ${CMAKE_INSTALL_LIBDIR}/cmake/co2_properties)
-install(TARGETS co2_properties EXPORT co2_properties)
+install(TARGETS co2_properties EXPORT co2_properties
+  LIBRARY COMPONENT lib NAMELINK_COMPONENT dev ARCHIVE COMPONENT dev)
 if(TARGET co2_properties_fortran)
   install(TARGETS co2_properties_fortran EXPORT co2_properties)
   # Module files are tied to a compiler; the source serves others.
@@ -44,16 +66,12 @@ configure_file(${CMAKE_CURRENT_LIST_DIR}/co2_properties.pc.in
 install(FILES ${PROJECT_BINARY_DIR}/cmake/co2_properties.pc
   DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 
-# `cpack` makes a Debian package.
-set(CPACK_GENERATOR DEB)
-set(CPACK_PACKAGE_NAME co2-properties)
-set(CPACK_PACKAGE_CONTACT "The co2_properties developers <noreply@example.org>")
-set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "${PROJECT_DESCRIPTION}")
-set(CPACK_PACKAGE_DESCRIPTION "Library for C++, C and Fortran, and the command line co2.")
-set(CPACK_RESOURCE_FILE_LICENSE ${PROJECT_SOURCE_DIR}/LICENSE)
-set(CPACK_STRIP_FILES ON)
-set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
-set(CPACK_DEBIAN_PACKAGE_SECTION libdevel)
-set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ${BUILD_SHARED_LIBS})
-include(CPack)
+if(TARGET co2)
+  install(TARGETS co2 RUNTIME COMPONENT tools)
+  co2_gzip(${PROJECT_SOURCE_DIR}/tools/co2/co2.1 page)
+  install(FILES ${page} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT tools)
+endif()
+
+if(UNIX AND NOT APPLE)
+  include(cmake/debian.cmake)
+endif()

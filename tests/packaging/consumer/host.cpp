@@ -1,4 +1,6 @@
 #include <cstdio>
+#include <limits.hpp>
+#include <status.hpp>
 #include <vector>
 
 #include "co2_properties.h"
@@ -17,6 +19,8 @@ int main() {
   const double same = calc_sat_liq_dens(temp.data()) + co2_properties::t_crit;
   double fixed[6];
   fittp_(temp.data(), &pres, &fixed[0], &fixed[1], &fixed[2], &fixed[3], &fixed[4], &fixed[5]);
-  if (ierr != 0 || !ok || again[0] != enth || !(liquid > 800.0) || !(same > 0.0)) return 1;
+  if (ierr != no_status || dens[0] > largest_dens || !ok || again[0] != enth || !(liquid > 800.0) ||
+      !(same > 0.0))
+    return 1;
   std::printf("%.1f kPa, %.2f kJ/kg, %.3f kJ/(kg K)\n", pres, enth, cp);
 }

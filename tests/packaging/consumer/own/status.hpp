@@ -1,0 +1,2 @@
+#pragma once
+constexpr int no_status = 0;
