@@ -25,6 +25,8 @@ if(BUILD_SHARED_LIBS)
   set(CPACK_DEBIAN_LIB_PACKAGE_SHLIBDEPS ON)
   set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
   set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY >=)
+  file(WRITE ${PROJECT_BINARY_DIR}/cmake/triggers "activate-noawait ldconfig\n")
+  set(CPACK_DEBIAN_LIB_PACKAGE_CONTROL_EXTRA ${PROJECT_BINARY_DIR}/cmake/triggers)
   set(CPACK_DEBIAN_LIB_DESCRIPTION
 "Shared library: gas, liquid, supercritical and two-phase states, from
 piecewise polynomial fits that are compiled in.")
