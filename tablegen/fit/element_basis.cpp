@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "tablegen/reference/elementary.hpp"
 #include "tablegen/reference/span_wagner.hpp"
 
 namespace co2_properties::tablegen {
@@ -72,19 +73,20 @@ ElementBasis::ElementBasis(const ElementCell& cell)
       dens_mid_((static_cast<Real>(cell.dens_lo) + cell.dens_hi) / 2.0L),
       dens_half_((static_cast<Real>(cell.dens_hi) - cell.dens_lo) / 2.0L) {
   // Interpolation of ln rho at the five Chebyshev nodes, by discrete orthogonality.
-  const Real pi = std::acos(-1.0L);
+  const Real pi = elementary::acos(-1.0L);
   for (int m = 0; m < dens_polynomials; ++m) {
     Real sum = 0.0L;
     for (int k = 0; k < dens_polynomials; ++k) {
       const Real angle = pi * (static_cast<Real>(k) + 0.5L) / dens_polynomials;
-      sum += std::log(dens_mid_ + dens_half_ * std::cos(angle)) * std::cos(angle * m);
+      sum += elementary::log(dens_mid_ + dens_half_ * elementary::cos(angle)) *
+             elementary::cos(angle * m);
     }
     log_fit_[static_cast<std::size_t>(m)] = sum * (m == 0 ? 1.0L : 2.0L) / dens_polynomials;
   }
   constexpr int samples = 20;
   Real largest = 0.0L;
   for (int k = 0; k <= samples; ++k) {
-    const Real dens = dens_mid_ + dens_half_ * std::cos(pi * k / samples);
+    const Real dens = dens_mid_ + dens_half_ * elementary::cos(pi * k / samples);
     largest = std::max(largest, std::abs(density_functions(dens)[dens_polynomials][0]));
   }
   log_scale_ = largest;
@@ -99,7 +101,7 @@ Functions ElementBasis::temperature_functions(const Real temp) const {
 Functions ElementBasis::density_functions(const Real dens) const {
   Functions f{};
   chebyshev(dens, dens_mid_, dens_half_, dens_polynomials, f);
-  std::array<Real, 3> rest = {std::log(dens), 1.0L / dens, -1.0L / (dens * dens)};
+  std::array<Real, 3> rest = {elementary::log(dens), 1.0L / dens, -1.0L / (dens * dens)};
   for (std::size_t k = 0; k < rest.size(); ++k) {
     for (std::size_t m = 0; m < log_fit_.size(); ++m) rest[k] -= log_fit_[m] * f[m][k];
     f[dens_polynomials][k] = rest[k] / log_scale_;

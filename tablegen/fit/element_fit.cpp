@@ -6,6 +6,7 @@
 #include "eos/helmholtz.hpp"
 #include "eos/properties.hpp"
 #include "saturation/sat_density.hpp"
+#include "tablegen/reference/elementary.hpp"
 #include "tablegen/reference/span_wagner.hpp"
 
 namespace co2_properties::tablegen {
@@ -98,7 +99,7 @@ reference::Helmholtz<Real> fitted_state(const ElementCell& cell, const StatePoin
   if (cell.temp_lo != reference::t_crit) return r;
   const Real x = at.dens - static_cast<Real>(reference::d_crit);
   const Real u = x / critical_width;
-  const Real slope = critical_slope * std::exp(-u * u);
+  const Real slope = critical_slope * elementary::exp(-u * u);
   const Real pres = slope * x;
   const Real slope_change = slope * (1.0L - 2.0L * u * u);
   r.a_d += pres / (at.dens * at.dens);
@@ -176,24 +177,24 @@ PropertyErrors property_errors(const HelmholtzDerivatives& d, const HelmholtzDer
 
 /// Temperatures of the Chebyshev nodes of a span.
 std::array<Real, temp_terms> span_nodes(const EdgeSpan& span) {
-  const Real pi = std::acos(-1.0L);
+  const Real pi = elementary::acos(-1.0L);
   std::array<Real, temp_terms> nodes{};
   for (std::size_t k = 0; k < nodes.size(); ++k) {
     const Real angle = pi * (static_cast<Real>(k) + 0.5L) / temp_terms;
     nodes[k] = (span.temp_lo + span.temp_hi) / 2.0L +
-               (span.temp_hi - span.temp_lo) / 2.0L * std::cos(angle);
+               (span.temp_hi - span.temp_lo) / 2.0L * elementary::cos(angle);
   }
   return nodes;
 }
 
 /// From values at the Chebyshev nodes to coefficients, by discrete orthogonality.
 Matrix nodes_to_coefficients() {
-  const Real pi = std::acos(-1.0L);
+  const Real pi = elementary::acos(-1.0L);
   Matrix m(temp_terms, temp_terms);
   for (Eigen::Index n = 0; n < temp_terms; ++n) {
     for (Eigen::Index k = 0; k < temp_terms; ++k) {
       const Real angle = pi * (static_cast<Real>(k) + 0.5L) / temp_terms;
-      m(n, k) = std::cos(angle * static_cast<Real>(n)) * (n == 0 ? 1.0L : 2.0L) / temp_terms;
+      m(n, k) = elementary::cos(angle * static_cast<Real>(n)) * (n == 0 ? 1.0L : 2.0L) / temp_terms;
     }
   }
   return m;
@@ -292,7 +293,7 @@ void ElementFitter::limit_rounding() {
   // f / rho is one rounded term of a_rho, f' ln rho one of a_T, where f is the factor of ln rho.
   // Powers of tau cancel in both; f' has larger ones, by 2 n^2 in the Chebyshev polynomial n.
   const Real in_pres = rounding * basis_.log_coefficient() / (dens * std::abs(middle.a_d));
-  const Real in_enth = rounding * basis_.log_coefficient() * temp * std::abs(std::log(dens));
+  const Real in_enth = rounding * basis_.log_coefficient() * temp * std::abs(elementary::log(dens));
   const auto terms = basis_.temperature_derivative_terms();
   std::array<Real, temp_terms> share{};  // of the limits, for each temperature function
   for (std::size_t i = 0; i < share.size(); ++i) {
@@ -392,11 +393,14 @@ ElementFit ElementFitter::measured(const Element& element) const {
     const auto temp = static_cast<double>(at.temp);
     const auto dens = static_cast<double>(at.dens);
     const auto ref = reference::helmholtz<Real>(at.temp, at.dens);
-    const HelmholtzDerivatives d = evaluate(element, temp, dens, std::log(dens));
+    const HelmholtzDerivatives d = evaluate(element, temp, dens, elementary::rounded_log(dens));
     const Form target = derivatives(ref);
     const Form error = {d.a - target[0],    d.a_t - target[1],  d.a_d - target[2],
                         d.a_tt - target[3], d.a_dd - target[4], d.a_td - target[5]};
-    for (const Form& form : error_forms(at, ref)) sum += std::pow(value_of(form, error), 2);
+    for (const Form& form : error_forms(at, ref)) {
+      const Real off = value_of(form, error);
+      sum += off * off;
+    }
     const PropertyErrors e = property_errors(d, to_double(ref), temp, dens);
     for (std::size_t m = 0; m < e.value.size(); ++m) {
       fit.errors.value[m] = std::max(fit.errors.value[m], e.value[m]);

@@ -15,6 +15,7 @@
 #include "tablegen/emit/number.hpp"
 #include "tablegen/emit/source.hpp"
 #include "tablegen/parallel.hpp"
+#include "tablegen/reference/elementary.hpp"
 
 namespace co2_properties::tablegen {
 namespace {
@@ -228,8 +229,8 @@ Difference compare(const std::vector<ElementResult>& results, const std::string_
       for (int j = 0; j <= samples; ++j) {
         const double temp = mine.temp0 + mine.temp_width * i / samples;
         const double dens = mine.dens0 + mine.dens_width * j / samples;
-        const HelmholtzDerivatives a = evaluate(mine, temp, dens, std::log(dens));
-        const HelmholtzDerivatives b = evaluate(theirs, temp, dens, std::log(dens));
+        const HelmholtzDerivatives a = evaluate(mine, temp, dens, elementary::rounded_log(dens));
+        const HelmholtzDerivatives b = evaluate(theirs, temp, dens, elementary::rounded_log(dens));
         const double p = pressure(a, dens);
         const double size =
             std::abs(pressure(b, dens) - p) / std::max(std::abs(dens * dpdd(a, dens)), std::abs(p));
@@ -301,7 +302,7 @@ std::vector<ElementResult> fit_elements(const std::vector<ElementCell>& cells) {
       losses[k] = fitters[k]->edge_loss(span(at[k].lower), span(at[k].upper));
       // An element counts by how much worse it gets than alone, a poor one by its error.
       const Real residual = results[k].unconstrained.residual + least_residual;
-      const Real alone = residual / std::hypot(1.0L, residual);
+      const Real alone = residual / std::sqrt(1.0L + residual * residual);
       losses[k].a /= alone;
       losses[k].b /= alone;
     }

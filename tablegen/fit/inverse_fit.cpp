@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "tablegen/fit/least_squares.hpp"
+#include "tablegen/reference/elementary.hpp"
 #include "tablegen/reference/span_wagner.hpp"
 
 namespace co2_properties::tablegen {
@@ -71,9 +72,9 @@ struct Basis {
     Basis basis = polynomials(on, origin);
     basis.logarithmic = true;
     const Real node = std::sqrt(0.75L);
-    const Real middle = std::log(on.mid);
-    const Real above = std::log(on.mid + on.half * node) - middle;
-    const Real below = std::log(on.mid - on.half * node) - middle;
+    const Real middle = elementary::log(on.mid);
+    const Real above = elementary::log(on.mid + on.half * node) - middle;
+    const Real below = elementary::log(on.mid - on.half * node) - middle;
     const Real bend = (above + below) / (2.0L * node * node);
     basis.quadratic = {middle + bend / 2.0L, (above - below) / (2.0L * node), bend / 2.0L};
     basis.log_size = 1.0L;
@@ -99,7 +100,7 @@ struct Basis {
     Row t = {1.0L, u, 2.0L * u * u - 1.0L, (4.0L * u * u - 3.0L) * u};
     if (logarithmic) {
       const auto& q = quadratic;
-      t[3] = (std::log(x) - (q[0] + q[1] * t[1] + q[2] * t[2])) / log_size;
+      t[3] = (elementary::log(x) - (q[0] + q[1] * t[1] + q[2] * t[2])) / log_size;
     }
     return t;
   }
@@ -168,8 +169,9 @@ InverseCell fit_inverse_cell(const Caloric caloric, const Estimate estimate,
 
 double evaluate(const Caloric caloric, const InverseCell& cell, const double pres,
                 const double value) {
-  return caloric == Caloric::enthalpy ? evaluate_in_enthalpy(cell, pres, value)
-                                      : evaluate_in_entropy(cell, pres, std::log(pres), value);
+  return caloric == Caloric::enthalpy
+             ? evaluate_in_enthalpy(cell, pres, value)
+             : evaluate_in_entropy(cell, pres, elementary::rounded_log(pres), value);
 }
 
 }  // namespace co2_properties::tablegen

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "tablegen/reference/elementary.hpp"
 #include "tablegen/reference/phase_equilibrium.hpp"
 #include "tablegen/reference/span_wagner.hpp"
 
@@ -111,10 +112,11 @@ std::vector<StatePoint> Reach::dome_points(const std::vector<Real>& nodes) const
 }
 
 std::vector<Real> chebyshev_nodes(const int count) {
-  const Real pi = std::acos(-1.0L);
+  const Real pi = elementary::acos(-1.0L);
   std::vector<Real> nodes;
   for (int k = 0; k < count; ++k) {
-    const Real half = std::sin(pi / 2.0L * static_cast<Real>(k) / static_cast<Real>(count - 1));
+    const Real half =
+        elementary::sin(pi / 2.0L * static_cast<Real>(k) / static_cast<Real>(count - 1));
     nodes.push_back(half * half);
   }
   return nodes;

@@ -19,6 +19,7 @@
 #include "tablegen/emit/source.hpp"
 #include "tablegen/fit/least_squares.hpp"
 #include "tablegen/fit/reach.hpp"
+#include "tablegen/reference/elementary.hpp"
 #include "tablegen/tilings/element_tiling.hpp"
 
 namespace co2_properties::tablegen {
@@ -211,7 +212,7 @@ EdgeState edge_state(const std::vector<Element>& elements, const Curve& curve, c
   const auto segment = std::find_if(curve.segments.begin(), curve.segments.end() - 1,
                                     [&](const Segment& s) { return temp < s.temp_hi; });
   const auto at = [&](const std::size_t e) {
-    return evaluate(elements[e], temp, curve.dens, std::log(curve.dens));
+    return evaluate(elements[e], temp, curve.dens, elementary::rounded_log(curve.dens));
   };
   const HelmholtzDerivatives below = at(segment->below);
   const HelmholtzDerivatives above = at(segment->above);
@@ -275,9 +276,10 @@ void fit(const std::vector<Element>& elements, const Span& span, const std::int3
   for (Eigen::Index i = 0; i < fit_nodes; ++i) {
     const auto temp = static_cast<double>(span.lo + width * nodes[static_cast<std::size_t>(i)]);
     const EdgeState edge = edge_state(elements, curve, temp);
-    const Real angle = std::acos(std::clamp(2.0L * (temp - span.lo) / width - 1.0L, -1.0L, 1.0L));
+    const Real angle =
+        elementary::acos(std::clamp(2.0L * (temp - span.lo) / width - 1.0L, -1.0L, 1.0L));
     for (Eigen::Index n = 0; n <= degree; ++n) {
-      problem.main.a(i, n) = edge.dens_per_pres * std::cos(angle * static_cast<Real>(n));
+      problem.main.a(i, n) = edge.dens_per_pres * elementary::cos(angle * static_cast<Real>(n));
     }
     problem.main.b(i) = static_cast<Real>(edge.dens_per_pres) * edge.pres;
   }

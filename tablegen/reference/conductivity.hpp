@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "tablegen/reference/elementary.hpp"
 #include "tablegen/reference/span_wagner.hpp"
 #include "tablegen/reference/viscosity.hpp"
 
@@ -19,7 +20,7 @@ inline constexpr long double watt_per_milliwatt = 1e-3L;
 /// Zero-density conductivity, W/(m K); temp in K, 200 to 1000.
 template <class Real>
 Real dilute(Real temp) {
-  using std::sqrt;
+  using elementary::sqrt;
   const Real inverse = Real(251.196L) / temp;
   const Real inverse2 = inverse * inverse;
   const Real inverse3 = inverse2 * inverse;
@@ -63,9 +64,9 @@ Real susceptibility(Real dens, Real dpdd) {
 /// ends like (temp_ref - temp)^0.51, with a vertical tangent, which shows as a kink in the surface.
 template <class Real>
 Real enhancement(Real temp, Real dens) {
-  using std::atan;
-  using std::exp;
-  using std::pow;
+  using elementary::atan;
+  using elementary::exp;
+  using elementary::pow;
   constexpr Real pi = Real(3.14159265358979323846264338327950288L);
   const Properties<Real> at = properties(temp, dens);
   const Properties<Real> ref = properties(Real(temp_ref), dens);

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <limits>
 
+#include "tablegen/reference/elementary.hpp"
 #include "tablegen/reference/span_wagner.hpp"
 
 /// Vapour-liquid equilibrium and density at given (temp, pres) of the Span-Wagner equation, for
@@ -26,9 +27,9 @@ struct Saturation {
 /// slope stays zero.
 template <class Real>
 Saturation<Real> auxiliary_saturation(Real temp) {
-  using std::exp;
-  using std::pow;
-  using std::sqrt;
+  using elementary::exp;
+  using elementary::pow;
+  using elementary::sqrt;
   const Real x = Real(1) - temp / Real(t_crit);
   const Real root = sqrt(x);
   const Real leading = pow(x, Real(0.34L));
@@ -96,8 +97,8 @@ Side<Real> guarded_step(Real temp, const Side<Real>& from, Real step) {
 /// relative at 240 K, 1e-13 at t_crit - 0.01 K, 1e-8 at t_crit - 1e-6 K; in double 2000 times that.
 template <class Real>
 Saturation<Real> saturation(Real temp) {
+  using elementary::fabs;
   using phase_equilibrium::Side;
-  using std::fabs;
   constexpr int max_steps = 100;
   constexpr int settled = 8;
   constexpr Real eps = std::numeric_limits<Real>::epsilon();
@@ -130,8 +131,8 @@ Saturation<Real> saturation(Real temp) {
 /// the result is NaN above that
 template <class Real>
 Saturation<Real> saturation_at_pressure(Real pres) {
-  using std::fabs;
-  using std::log;
+  using elementary::fabs;
+  using elementary::log;
   constexpr int max_steps = 50;
   constexpr Real top = Real(t_crit) - Real(1e-6L);
   constexpr Real eps = std::numeric_limits<Real>::epsilon();
@@ -160,7 +161,7 @@ Saturation<Real> saturation_at_pressure(Real pres) {
 /// \param start  first guess, kg/m3; one outside the bracket is replaced by the middle
 template <class Real>
 Real density_between(Real temp, Real pres, Real low, Real high, Real start) {
-  using std::fabs;
+  using elementary::fabs;
   constexpr int max_steps = 200;
   constexpr Real eps = std::numeric_limits<Real>::epsilon();
   Real dens = start;

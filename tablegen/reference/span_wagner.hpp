@@ -4,6 +4,8 @@
 #include <cmath>
 #include <limits>
 
+#include "tablegen/reference/elementary.hpp"
+
 /// Equation of state of carbon dioxide: R. Span, W. Wagner, J. Phys. Chem. Ref. Data 25 (1996)
 /// 1509-1596. Specific Helmholtz energy a(T, rho) = R T [alpha0(tau, delta) + alphar(tau, delta)]
 /// with tau = t_crit / T and delta = rho / d_crit, from the triple point to 1100 K and 800 MPa
@@ -168,8 +170,8 @@ constexpr std::array<Real, max + 1> integer_powers(Real x) {
 /// alpha0 that carries the heat capacity. v, t, tt as in Alpha.
 template <class Real>
 Alpha<Real> thermal_ideal_part(Real tau) {
-  using std::exp;
-  using std::log;
+  using elementary::exp;
+  using elementary::log;
   Alpha<Real> sum{Real(2.5L) * log(tau), Real(2.5L), Real(0), -Real(2.5L), Real(0), Real(0)};
   for (const EinsteinTerm<Real>& term : einstein_terms<Real>) {
     const Real x = term.theta * tau;
@@ -186,7 +188,7 @@ Alpha<Real> thermal_ideal_part(Real tau) {
 /// alpha0, equation (6.3) of the paper.
 template <class Real>
 Alpha<Real> ideal_part(Real tau, Real delta) {
-  using std::log;
+  using elementary::log;
   constexpr Real lead_0 = Real(8.37304456L + c1);
   constexpr Real lead_1 = Real(-3.70454304L + c2);
   Alpha<Real> sum = thermal_ideal_part(tau);
@@ -201,8 +203,8 @@ Alpha<Real> ideal_part(Real tau, Real delta) {
 /// With D = d - l delta^l a term v has d = D v and dd = (D^2 - D - l^2 delta^l) v.
 template <class Real>
 Alpha<Real> power_part(Real tau, Real delta) {
-  using std::exp;
-  using std::sqrt;
+  using elementary::exp;
+  using elementary::sqrt;
   const auto delta_power = integer_powers<Real, max_delta_power>(delta);
   const auto tau_power = integer_powers<Real, max_tau_power>(tau);
   const Real root = sqrt(tau);
@@ -239,7 +241,7 @@ Alpha<Real> power_part(Real tau, Real delta) {
 /// Terms 35 to 39. shift_delta is delta - 1, free of cancellation.
 template <class Real>
 Alpha<Real> gauss_part(Real tau, Real delta, Real shift_delta) {
-  using std::exp;
+  using elementary::exp;
   const auto delta_power = integer_powers<Real, 3>(delta);
   const auto tau_power = integer_powers<Real, 3>(tau);
   Alpha<Real> sum{};
@@ -270,10 +272,10 @@ Alpha<Real> gauss_part(Real tau, Real delta, Real shift_delta) {
 /// in tau diverges like |1 - tau|^(-1/4). The terms are dropped at that one point.
 template <class Real>
 Alpha<Real> non_analytic_part(Real tau, Real delta, Real below, Real x) {
-  using std::cbrt;
-  using std::exp;
-  using std::fabs;
-  using std::pow;
+  using elementary::cbrt;
+  using elementary::exp;
+  using elementary::fabs;
+  using elementary::pow;
   constexpr Real amplitude = Real(0.7L);
   constexpr Real width = Real(275);
   // Far from the critical isotherm psi is below the square of the rounding error.
@@ -369,7 +371,7 @@ struct Properties {
 /// cp and w are meaningful where dpdd > 0 and cv > 0; w is NaN where its square is negative.
 template <class Real>
 Properties<Real> properties(const Helmholtz<Real>& a, Real temp, Real dens) {
-  using std::sqrt;
+  using elementary::sqrt;
   constexpr Real j_per_kj = Real(1000);
   Properties<Real> out;
   out.p = dens * dens * a.a_d;

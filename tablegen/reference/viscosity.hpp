@@ -1,6 +1,6 @@
 #pragma once
 
-#include <cmath>
+#include "tablegen/reference/elementary.hpp"
 
 namespace co2_properties::reference {
 
@@ -15,9 +15,9 @@ namespace co2_properties::reference {
 /// state 0.3 % to 5 %.
 template <class Real>
 Real viscosity(Real temp, Real dens) {
-  using std::exp;
-  using std::log;
-  using std::sqrt;
+  using elementary::exp;
+  using elementary::log;
+  using elementary::sqrt;
   // Energy scale of the intermolecular potential, 251.196 K.
   const Real reduced = temp / Real(251.196L);
   const Real x = log(reduced);

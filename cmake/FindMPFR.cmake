@@ -1,0 +1,12 @@
+# Multiple-precision floating-point numbers: the imported target MPFR::MPFR.
+find_path(MPFR_INCLUDE_DIR mpfr.h)
+find_library(MPFR_LIBRARY mpfr)
+find_library(GMP_LIBRARY gmp)
+mark_as_advanced(MPFR_INCLUDE_DIR MPFR_LIBRARY GMP_LIBRARY)
+include(FindPackageHandleStandardArgs)
+find_package_handle_standard_args(MPFR DEFAULT_MSG MPFR_LIBRARY GMP_LIBRARY MPFR_INCLUDE_DIR)
+if(MPFR_FOUND AND NOT TARGET MPFR::MPFR)
+  add_library(MPFR::MPFR INTERFACE IMPORTED)
+  target_include_directories(MPFR::MPFR INTERFACE ${MPFR_INCLUDE_DIR})
+  target_link_libraries(MPFR::MPFR INTERFACE ${MPFR_LIBRARY} ${GMP_LIBRARY})
+endif()
