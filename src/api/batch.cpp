@@ -1,3 +1,5 @@
+#include "numbers/platform.hpp"
+
 #include "co2_properties/batch.hpp"
 
 #include <iterator>

@@ -1,5 +1,7 @@
 // Batch entries with four lanes: AVX2, without its fused operations.
 
+#include "numbers/platform.hpp"
+
 #include "api/batch_levels.hpp"
 
 // Clang would not pass vectors through the templates that are shared with single states.

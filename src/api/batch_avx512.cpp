@@ -1,5 +1,7 @@
 // Batch entries with eight lanes: AVX-512F.
 
+#include "numbers/platform.hpp"
+
 #include "api/batch_levels.hpp"
 
 // Clang would not pass vectors through the templates that are shared with single states.
@@ -28,8 +30,6 @@
 // From here on only: inline functions of the headers above, of which the linker keeps any copy,
 // have to run on every machine.
 #pragma GCC target("avx512f")
-// AVX-512F brings fused operations along, whatever the flags of the compiler: none of them here.
-#pragma GCC optimize("fp-contract=off")
 
 namespace co2_properties {
 namespace {

@@ -3,8 +3,9 @@
 // The procedures without a prefix are in a file of their own, so that a program linked with the
 // static library gets them only if it calls one.
 
+#include "numbers/platform.hpp"
+
 #include <algorithm>
-#include <bit>
 
 #include "api/co2_properties.h"
 #include "api/co2_properties.hpp"
@@ -16,7 +17,9 @@ using co2_properties::OutputSet;
 using co2_properties::StridedSpan;
 
 /// The same nineteen pointers in the same order.
-OutputSet from_c(const co2_output_set& out) noexcept { return std::bit_cast<OutputSet>(out); }
+OutputSet from_c(const co2_output_set& out) noexcept {
+  return co2_properties::bit_cast<OutputSet>(out);
+}
 
 /// An array for C knows no length: all have that of the batch.
 StridedSpan<const double> with_length(const co2_inputs& array, const std::size_t count) noexcept {
@@ -138,5 +141,6 @@ void co2_info(double* tcrit, double* dcrit, double* pcrit, double* tmin, double*
 }
 
 void co2_error_message(const int32_t* ierr, char* text) {
-  std::ranges::copy(co2_properties::co2_error_message(*ierr), text);
+  const auto message = co2_properties::co2_error_message(*ierr);
+  std::copy(message.begin(), message.end(), text);
 }

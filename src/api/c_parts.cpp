@@ -1,6 +1,6 @@
 // The procedures for C that have no prefix. Each hands over to its namesake in C++.
 
-#include <bit>
+#include "numbers/platform.hpp"
 
 #include "api/co2_properties.h"
 #include "api/co2_properties.hpp"
@@ -52,7 +52,7 @@ void dens_from_sp(const double* entr, const double* pres, double* dens) {
 
 co2_helmholtz_derivatives element_derivatives(const int32_t* e, const double* temp,
                                               const double* dens) {
-  return std::bit_cast<co2_helmholtz_derivatives>(
+  return co2_properties::bit_cast<co2_helmholtz_derivatives>(
       co2_properties::element_derivatives(*e, *temp, *dens));
 }
 

@@ -1,3 +1,5 @@
+#include "numbers/platform.hpp"
+
 #include "api/caloric_properties.hpp"
 
 namespace co2_properties {

@@ -1,3 +1,5 @@
+#include "numbers/platform.hpp"
+
 #include <cmath>
 
 #include "api/co2_properties.hpp"

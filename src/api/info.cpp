@@ -1,3 +1,5 @@
+#include "numbers/platform.hpp"
+
 #include "api/co2_properties.hpp"
 
 namespace co2_properties {

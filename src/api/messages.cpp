@@ -1,3 +1,5 @@
+#include "numbers/platform.hpp"
+
 #include <algorithm>
 #include <cstddef>
 #include <iterator>

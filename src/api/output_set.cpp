@@ -1,3 +1,5 @@
+#include "numbers/platform.hpp"
+
 #include "co2_properties/output_set.hpp"
 
 #include "api/co2_properties.hpp"

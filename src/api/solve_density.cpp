@@ -1,3 +1,5 @@
+#include "numbers/platform.hpp"
+
 #include "api/solve_density.hpp"
 
 #include <cmath>

@@ -1,6 +1,8 @@
 // Entries with fixed arguments for callers that cannot leave any out. Only here does the library
 // print and end the process.
 
+#include "numbers/platform.hpp"
+
 #include <array>
 #include <cstdio>
 #include <cstdlib>

@@ -1,13 +1,9 @@
 #pragma once
 // Cells of a tiling of the plane by rectangles: the one look-up of the library.
 
-#include <bit>
-#include <cstdint>
+#include "numbers/platform.hpp"
 
-#ifdef __FAST_MATH__
-#error \
-    "co2_properties relies on IEEE comparisons and on the stated order of operations: no -ffast-math"
-#endif
+#include <cstdint>
 
 namespace co2_properties {
 
@@ -30,7 +26,7 @@ class Bins {
     const double below = offset < reach_ ? offset : reach_;
     const double clamped = below > -reach_ ? below : -reach_;
     const std::int32_t distance = leading_bits(clamped) - nearest_;
-    const auto sign = static_cast<std::int32_t>(std::bit_cast<std::int64_t>(clamped) >> 63);
+    const auto sign = static_cast<std::int32_t>(bit_cast<std::int64_t>(clamped) >> 63);
     return count / 2 + ((distance > 0 ? distance : 0) ^ sign);
   }
 
@@ -38,7 +34,7 @@ class Bins {
   /// Exponent and `per_doubling_bits` of the mantissa of the magnitude.
   [[nodiscard]] static constexpr std::int32_t leading_bits(const double value) noexcept {
     constexpr std::int64_t magnitude = 0x7fffffffffffffff;
-    return static_cast<std::int32_t>((std::bit_cast<std::int64_t>(value) & magnitude) >>
+    return static_cast<std::int32_t>((bit_cast<std::int64_t>(value) & magnitude) >>
                                      (52 - per_doubling_bits));
   }
 

@@ -1,6 +1,8 @@
 #pragma once
 // Two numbers side by side: what every 64-bit processor adds and multiplies in one instruction.
 
+#include "numbers/platform.hpp"
+
 #include <cstddef>
 
 namespace co2_properties {

@@ -1,6 +1,8 @@
 #pragma once
 // The element table: local fits of the specific Helmholtz energy over the (T, rho) plane.
 
+#include "numbers/platform.hpp"
+
 #include <cstdint>
 
 namespace co2_properties {

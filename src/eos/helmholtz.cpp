@@ -1,3 +1,5 @@
+#include "numbers/platform.hpp"
+
 #include "eos/helmholtz.hpp"
 
 #include <cmath>

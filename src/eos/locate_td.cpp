@@ -1,3 +1,5 @@
+#include "numbers/platform.hpp"
+
 #include "eos/locate_td.hpp"
 
 namespace co2_properties {

@@ -2,6 +2,8 @@
 // Properties of a single-phase state from the derivatives of its Helmholtz energy: of one state, or
 // of several in lanes, see api/batch_lanes.hpp.
 
+#include "numbers/platform.hpp"
+
 #include <cmath>
 
 #include "eos/helmholtz.hpp"

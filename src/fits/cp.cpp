@@ -1,3 +1,5 @@
+#include "numbers/platform.hpp"
+
 #include "fits/cp.hpp"
 
 #include "fits/patch.hpp"

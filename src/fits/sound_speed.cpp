@@ -1,3 +1,5 @@
+#include "numbers/platform.hpp"
+
 #include "fits/sound_speed.hpp"
 
 #include "fits/patch.hpp"

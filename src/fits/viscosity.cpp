@@ -1,3 +1,5 @@
+#include "numbers/platform.hpp"
+
 #include "fits/viscosity.hpp"
 
 #include "fits/patch.hpp"

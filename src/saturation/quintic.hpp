@@ -1,6 +1,8 @@
 #pragma once
 // One piece of a fit in one variable.
 
+#include "numbers/platform.hpp"
+
 namespace co2_properties {
 
 /// Polynomial of degree five in x - origin; coef[k] belongs to power k.

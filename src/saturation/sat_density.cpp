@@ -1,3 +1,5 @@
+#include "numbers/platform.hpp"
+
 #include "saturation/sat_density.hpp"
 
 #include <algorithm>

@@ -1,3 +1,5 @@
+#include "numbers/platform.hpp"
+
 #include "solvers/from_hp.hpp"
 
 #include "solvers/inverse_cell.hpp"

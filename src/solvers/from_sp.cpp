@@ -1,3 +1,5 @@
+#include "numbers/platform.hpp"
+
 #include "solvers/from_sp.hpp"
 
 #include <cmath>

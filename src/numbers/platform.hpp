@@ -1,0 +1,41 @@
+#pragma once
+// What the library takes for granted about compiler and processor. The first include of every
+// source below src/, so that it reaches all functions.
+
+#include <cfloat>
+#include <limits>
+
+// The order of floating-point operations is part of the results, and comparisons see NaN.
+#if defined(__FAST_MATH__) || defined(__ASSOCIATIVE_MATH__) || defined(__RECIPROCAL_MATH__) || \
+    defined(__NO_SIGNED_ZEROS__) || (defined(__FINITE_MATH_ONLY__) && __FINITE_MATH_ONLY__ > 0)
+#error \
+    "co2_properties needs IEEE arithmetic in the stated order: compile without -ffast-math and its parts"
+#endif
+#if FLT_EVAL_METHOD < 0 || FLT_EVAL_METHOD == 2
+#error \
+    "co2_properties needs double evaluated as double: on 32-bit x86 compile with -msse2 -mfpmath=sse"
+#endif
+static_assert(std::numeric_limits<double>::is_iec559 && std::numeric_limits<double>::digits == 53);
+
+// A fused multiplication and addition rounds once where the tables were made with two roundings:
+// near the critical point it would move results visibly, and vectors away from single states.
+// Whatever the flags of the compiler, there are none; but clang's -ffp-contract=fast overrules it.
+#if defined(__clang__)
+#pragma clang fp contract(off)
+#elif defined(__GNUC__)
+#pragma GCC optimize("fp-contract=off")
+#else
+#pragma STDC FP_CONTRACT OFF
+#endif
+
+namespace co2_properties {
+
+/// The same bytes as another type: std::bit_cast, which some C++20 libraries lack. Every compiler
+/// that has C++20 has the built-in function.
+template <class To, class From>
+[[nodiscard]] constexpr To bit_cast(const From& from) noexcept {
+  static_assert(sizeof(To) == sizeof(From));
+  return __builtin_bit_cast(To, from);
+}
+
+}  // namespace co2_properties
