@@ -11,6 +11,8 @@
 // Equilibrium properties are local fits of the equation of state of R. Span and W. Wagner, J. Phys.
 // Chem. Ref. Data 25 (1996) 1509; accuracy: docs/accuracy.md.
 
+#include "co2_properties/require_cpp20.hpp"
+
 #include <array>
 #include <cstdint>
 

@@ -1,6 +1,8 @@
 #pragma once
 // The state entries for arrays of states.
 
+#include "co2_properties/require_cpp20.hpp"
+
 #include <concepts>
 #include <cstddef>
 #include <cstdint>

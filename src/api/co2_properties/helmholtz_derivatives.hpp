@@ -1,6 +1,8 @@
 #pragma once
 // What an element evaluates to.
 
+#include "co2_properties/require_cpp20.hpp"
+
 namespace co2_properties {
 
 /// Specific Helmholtz energy a (kJ/kg) at one state and its derivatives with respect to temperature

@@ -1,6 +1,8 @@
 #pragma once
 // Reference constants of the fluid and the range of validity of the library.
 
+#include "co2_properties/require_cpp20.hpp"
+
 namespace co2_properties {
 
 // Critical point: R. Span and W. Wagner, J. Phys. Chem. Ref. Data 25 (1996) 1509.

@@ -1,6 +1,8 @@
 #pragma once
 // The nineteen results of a state, each of them optional.
 
+#include "co2_properties/require_cpp20.hpp"
+
 namespace co2_properties {
 
 /// Where the results of a state go; a null pointer means that the result is not asked for: it is

@@ -1,6 +1,8 @@
 #pragma once
 // What the entries report through `ierr`.
 
+#include "co2_properties/require_cpp20.hpp"
+
 #include <cstdint>
 
 /// Codes of `ierr`: 0 success; negative a warning, the outputs hold a result; positive an error,
