@@ -4,11 +4,14 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <iterator>
 #include <limits>
 #include <map>
 #include <utility>
 
-#include "co2_properties/limits.hpp"
+#include "api/co2_properties.hpp"
+#include "tablegen/reference/span_wagner.hpp"
 
 namespace co2_properties::accuracy {
 namespace {
@@ -28,11 +31,32 @@ constexpr Criterion criteria[] = {
     {Place::box_above, ssnd, 1.5e-4, 1e-4},
     {Place::everywhere, visc, 1e-5, 4e-6},
     {Place::off_critical_temp, cond, 2e-3, 3e-4},
+    {Place::outside_box, dpdd, 4e-4, 2.5e-4},
+    {Place::outside_box, dpdt, 6e-5, 5e-5},
+    {Place::outside_box, dhdd, 1.5e-4, 1e-4},
+    {Place::outside_box, dhdt, 1.8e-4, 5e-5},
+    {Place::outside_box, dsdd, 6e-5, 5e-5},
+    {Place::outside_box, dsdt, 2.2e-4, 9e-5},
+    {Place::box_far, dpdd, 3e-3, 2.5e-3},
+    {Place::box_far, dpdt, 3.5e-4, 2.2e-4},
+    {Place::box_far, dhdd, 3.5e-4, 2.2e-4},
+    {Place::box_far, dhdt, 3e-3, 1.5e-3},
+    {Place::box_far, dsdd, 3.5e-4, 2.2e-4},
+    {Place::box_far, dsdt, 4e-3, 1.8e-3},
+    {Place::box_near, dpdt, 3e-3, 2e-3},
+    {Place::box_near, dhdd, 3e-3, 2e-3},
+    {Place::box_near, dsdd, 3e-3, 2e-3},
+    {Place::box_near_above, dpdd, 8e-2, 8e-2},
+    {Place::box_near_above, dhdt, 1.5e-1, 1.5e-1},
+    {Place::box_near_above, dsdt, 1.5e-1, 1.5e-1},
     {Place::box, dens, no_bound, no_bound},
     {Place::box_below, cp, no_bound, no_bound},
     {Place::box_below, cv, no_bound, no_bound},
     {Place::box_below, ssnd, no_bound, no_bound},
     {Place::at_critical_temp, cond, no_bound, no_bound},
+    {Place::box_near_below, dpdd, no_bound, no_bound},
+    {Place::box_near_below, dhdt, no_bound, no_bound},
+    {Place::box_near_below, dsdt, no_bound, no_bound},
 };
 
 const char* place_name(const Place place) {
@@ -45,6 +69,14 @@ const char* place_name(const Place place) {
       return "in the box, T > 304.14 K";
     case Place::box_below:
       return "in the box, T <= 304.14 K";
+    case Place::box_far:
+      return "in the box, beyond 0.2 K";
+    case Place::box_near:
+      return "in the box, within 0.2 K";
+    case Place::box_near_above:
+      return "in the box, 304.14 .. 304.33 K";
+    case Place::box_near_below:
+      return "in the box, 303.93 .. 304.14 K";
     case Place::everywhere:
       return "whole domain";
     case Place::off_critical_temp:
@@ -63,15 +95,25 @@ const char* unit(const Quantity quantity) {
 bool lies_in(const Place place, const StateErrors& state) {
   const bool box = in_critical_box(state.temp, state.dens);
   const bool close = std::abs(state.temp - t_crit) <= 0.05;
+  const bool near = box && std::abs(state.temp - t_crit) <= 0.2;
+  const bool above = state.temp > 304.14;
   switch (place) {
     case Place::outside_box:
       return !box;
     case Place::box:
       return box;
     case Place::box_above:
-      return box && state.temp > 304.14;
+      return box && above;
     case Place::box_below:
-      return box && state.temp <= 304.14;
+      return box && !above;
+    case Place::box_far:
+      return box && !near;
+    case Place::box_near:
+      return near;
+    case Place::box_near_above:
+      return near && above;
+    case Place::box_near_below:
+      return near && !above;
     case Place::everywhere:
       return true;
     case Place::off_critical_temp:
@@ -155,7 +197,7 @@ Section bounds_section(const std::span<const StateErrors> states) {
 
 Section critical_section(const std::span<const StateErrors> states) {
   std::vector<std::vector<std::string>> rows;
-  for (const Quantity quantity : {cp, cv, ssnd, cond}) {
+  for (const Quantity quantity : {cp, cv, ssnd, cond, dpdd, dhdt, dsdt}) {
     for (const double limit : {1e-3, 1e-2, 1e-1}) {
       constexpr double far = std::numeric_limits<double>::infinity();
       StateErrors low{far, far, true, {}};
@@ -174,6 +216,48 @@ Section critical_section(const std::span<const StateErrors> states) {
     }
   }
   return {"critical", text_table({"quantity", "error", "T, K", "rho, kg/m3"}, rows), true};
+}
+
+Section derivatives_section(const std::span<const StateErrors> states) {
+  struct Row {
+    const char* name;
+    Quantity quantity;
+    const char* formula;
+    double worst_given, worst_derived;
+  };
+  std::vector<std::vector<std::string>> rows;
+  const struct {
+    const char* name;
+    double begin, end;
+  } ranges[] = {{"T > 304.14 K", 304.14, temp_max},
+                {"T < 304.12 K", temp_min, 304.12},
+                {"304.12 K .. 304.14 K", 304.12, 304.14}};
+  for (const auto& range : ranges) {
+    Row row[] = {{"dp/drho", dpdd, "T dpdt^2 / (rho^2 (cp - cv))", 0.0, 0.0},
+                 {"dh/dT", dhdt, "cv + dpdt / rho", 0.0, 0.0},
+                 {"ds/dT", dsdt, "cv / T", 0.0, 0.0}};
+    for (const StateErrors& state : states) {
+      if (!state.stable || !lies_in(Place::box_near, state)) continue;
+      if (state.temp < range.begin || state.temp > range.end) continue;
+      std::int32_t ierr = 0;
+      double heat_v, heat_p, slope;
+      co2_td(state.temp, state.dens, ierr, {.cv = &heat_v, .cp = &heat_p, .dpdt = &slope});
+      const auto ref = reference::properties<double>(state.temp, state.dens);
+      const double derived[] = {
+          state.temp * slope * slope / (state.dens * state.dens * (heat_p - heat_v)) / ref.dpdd,
+          (heat_v + slope / state.dens) / ref.dhdt, heat_v / state.temp / ref.dsdt};
+      for (std::size_t k = 0; k < std::size(row); ++k) {
+        row[k].worst_given = std::max(row[k].worst_given, std::abs(state.error[row[k].quantity]));
+        row[k].worst_derived = std::max(row[k].worst_derived, std::abs(derived[k] - 1.0));
+      }
+    }
+    for (const Row& r : row) {
+      rows.push_back(
+          {range.name, r.name, number(r.worst_given), r.formula, number(r.worst_derived)});
+    }
+  }
+  return {"derivatives", text_table({"within 0.2 K", "output", "worst", "instead", "worst"}, rows),
+          true};
 }
 
 Section worst_section(const std::span<const StateErrors> states) {

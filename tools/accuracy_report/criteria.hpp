@@ -16,6 +16,10 @@ enum class Place {
   box,                ///< inside it, single phase
   box_above,          ///< inside it, above 304.14 K
   box_below,          ///< inside it, up to 304.14 K
+  box_far,            ///< inside it, more than 0.2 K off the critical temperature
+  box_near,           ///< inside it, within 0.2 K of the critical temperature
+  box_near_above,     ///< the part of `box_near` above 304.14 K
+  box_near_below,     ///< the rest of it
   everywhere,         ///< the whole domain
   off_critical_temp,  ///< the whole domain without the next
   at_critical_temp,   ///< within 0.05 K of the critical temperature
@@ -49,9 +53,13 @@ struct Summary {
 /// The table of bounds.
 [[nodiscard]] Section bounds_section(std::span<const StateErrors> states);
 
-/// The extent of the states whose cp, cv, w or conductivity is off by more than 0.1, 1 and 10 %:
-/// all lie next to the critical point.
+/// The extent of the states whose cp, cv, w, conductivity, dp/drho, dh/dT or ds/dT is off by more
+/// than 0.1, 1 and 10 %: all lie next to the critical point.
 [[nodiscard]] Section critical_section(std::span<const StateErrors> states);
+
+/// Where the derivatives of the elements are worst, `box_near`: what the entry gives beside what
+/// follows from the patches of cv and cp.
+[[nodiscard]] Section derivatives_section(std::span<const StateErrors> states);
 
 /// The ten worst states of every quantity and the cells with the largest errors.
 [[nodiscard]] Section worst_section(std::span<const StateErrors> states);

@@ -1,5 +1,6 @@
 #include "accuracy_report/errors.hpp"
 
+#include <cmath>
 #include <cstdint>
 
 #include "api/co2_properties.hpp"
@@ -24,7 +25,7 @@ std::string patch_name(const char* table, const PatchFit& fit, const double temp
 
 std::optional<StateErrors> measure(const double temp, const double dens) {
   std::int32_t ierr = 0;
-  double p, h, s, cv_td, cp_td, w, eta, lambda;
+  double p, h, s, cv_td, cp_td, w, eta, lambda, p_d, p_t, h_d, h_t, s_d, s_t;
   co2_td(temp, dens, ierr,
          {.pres = &p,
           .enth = &h,
@@ -33,7 +34,13 @@ std::optional<StateErrors> measure(const double temp, const double dens) {
           .cp = &cp_td,
           .ssnd = &w,
           .visc = &eta,
-          .cond = &lambda});
+          .cond = &lambda,
+          .dpdd = &p_d,
+          .dpdt = &p_t,
+          .dhdd = &h_d,
+          .dhdt = &h_t,
+          .dsdd = &s_d,
+          .dsdt = &s_t});
   if (ierr != status::success) return std::nullopt;
 
   const auto ref = reference::properties<long double>(temp, dens);
@@ -48,6 +55,13 @@ std::optional<StateErrors> measure(const double temp, const double dens) {
   e.error[ssnd] = relative(w, ref.w);
   e.error[visc] = relative(eta, reference::viscosity<long double>(temp, dens));
   e.error[cond] = relative(lambda, reference::conductivity<long double>(temp, dens));
+  e.error[dpdd] = relative(p_d, ref.dpdd);
+  e.error[dpdt] = relative(p_t, ref.dpdt);
+  const long double h_d_scale = (std::abs(ref.dpdd) + temp / dens * std::abs(ref.dpdt)) / dens;
+  e.error[dhdd] = static_cast<double>((h_d - ref.dhdd) / h_d_scale);
+  e.error[dhdt] = relative(h_t, ref.dhdt);
+  e.error[dsdd] = relative(s_d, ref.dsdd);
+  e.error[dsdt] = relative(s_t, ref.dsdt);
   return e;
 }
 

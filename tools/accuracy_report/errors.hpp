@@ -10,11 +10,31 @@
 namespace co2_properties::accuracy {
 
 /// Density at given temperature and pressure, (p - p_ref) / (rho dp/drho), relative; pressure at
-/// given temperature and density, relative; h in kJ/kg; s in kJ/(kg K); the others relative.
-enum Quantity : std::size_t { dens, pres, enth, entr, cv, cp, ssnd, visc, cond, quantity_count };
+/// given temperature and density, relative; h in kJ/kg; s in kJ/(kg K); dh/drho relative to the sum
+/// of the moduli of its two terms, (dp/drho + T/rho dp/dT) / rho, because it changes sign; the
+/// others relative.
+enum Quantity : std::size_t {
+  dens,
+  pres,
+  enth,
+  entr,
+  cv,
+  cp,
+  ssnd,
+  visc,
+  cond,
+  dpdd,
+  dpdt,
+  dhdd,
+  dhdt,
+  dsdd,
+  dsdt,
+  quantity_count
+};
 
 inline constexpr std::array<const char*, quantity_count> quantity_names = {
-    "density", "p", "h", "s", "cv", "cp", "w", "viscosity", "conductivity"};
+    "density",      "p",       "h",     "s",       "cv",    "cp",      "w",    "viscosity",
+    "conductivity", "dp/drho", "dp/dT", "dh/drho", "dh/dT", "ds/drho", "ds/dT"};
 
 struct StateErrors {
   double temp;  ///< K

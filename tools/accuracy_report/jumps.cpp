@@ -64,7 +64,7 @@ void note_elements(ElementJumps& jumps, const std::string& region, const std::st
   const std::string where = box ? "critical box" : region;
   const auto name = [&] { return fmt::format("elements {} and {}", low, high); };
   const double step = pressure(b, dens) - pressure(a, dens);
-  const double scale = box ? pressure(a, dens) : dens * dpdd(a, dens);
+  const double scale = box ? pressure(a, dens) : dens * co2_properties::dpdd(a, dens);
   jumps[{where, edge, box ? "p, relative" : "density, relative"}].note(step / scale, temp, dens,
                                                                        name);
   jumps[{where, edge, "h, kJ/kg"}].note(enthalpy(b, temp, dens) - enthalpy(a, temp, dens), temp,

@@ -92,12 +92,16 @@ int report(const Options& options) {
   constexpr int saturation_temperatures = 20000;
   const Sample sample = draw_sample(options.states, options.seed, options.threads);
   const auto line = saturation_errors(saturation_temperatures, options.threads);
-  const std::vector<Section> sections = {
-      sample_section(options, sample), bounds_section(sample.states),
-      critical_section(sample.states), saturation_section(line),
-      phases_section(sample),          element_jumps_section(),
-      patch_jumps_section(),           stability_section(),
-      rounding_section(sample.states)};
+  const std::vector<Section> sections = {sample_section(options, sample),
+                                         bounds_section(sample.states),
+                                         critical_section(sample.states),
+                                         derivatives_section(sample.states),
+                                         saturation_section(line),
+                                         phases_section(sample),
+                                         element_jumps_section(),
+                                         patch_jumps_section(),
+                                         stability_section(),
+                                         rounding_section(sample.states)};
   bool passed = true;
   for (const Section& section : sections) {
     fmt::print("{}{}\n{}\n", section.name, section.passed ? "" : ": BOUND EXCEEDED", section.text);

@@ -81,7 +81,7 @@ Section rounding_section(const std::span<const StateErrors> states) {
         dp / (dens * slope),
         enthalpy(d, temp, dens) - (x.a - temp * x.a_t + dens * x.a_d),
         entropy(d) + x.a_t,
-        (dpdd(d, dens) - slope) * dens / p,
+        (co2_properties::dpdd(d, dens) - slope) * dens / p,
         d.a_tt / x.a_tt - 1.0L};
     std::size_t first = 0;
     if (in_critical_box(temp, dens)) first = std::abs(temp - t_crit) > 0.05 ? 6 : 12;

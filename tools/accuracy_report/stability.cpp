@@ -17,7 +17,7 @@ constexpr std::int32_t first_supercritical = 223;
 
 void note(SmallestSlope& group, const std::int32_t e, const double temp, const double dens) {
   const HelmholtzDerivatives d = element_derivatives(e, temp, dens);
-  const double slope = dens * dpdd(d, dens) / pressure(d, dens);
+  const double slope = dens * co2_properties::dpdd(d, dens) / pressure(d, dens);
   ++group.points;
   if (!(slope > 0.0)) {
     const bool first = group.not_positive++ == 0;
