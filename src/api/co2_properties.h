@@ -205,7 +205,7 @@ void co2_ps_batch(const size_t* count, const co2_inputs* pres_in, const co2_inpu
  * Reference constants and limits; each argument may be null.
  * \param tcrit    critical temperature, 304.1282 K
  * \param dcrit    critical density, 467.6 kg/m3
- * \param pcrit    critical pressure, 7377.3 kPa
+ * \param pcrit    critical pressure, 7377.3 kPa, rounded: at tcrit co2_tp gives it 481.08 kg/m3
  * \param tmin     lowest temperature accepted, 240 K
  * \param tmax     highest temperature accepted, 1500 K
  * \param pmin     lowest pressure accepted, 1 kPa

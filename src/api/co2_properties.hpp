@@ -155,7 +155,7 @@ void co2_ps(const double& pres_in, const double& entr_in, std::int32_t& ierr,
 /// Reference constants and limits; each present argument receives its value.
 /// \param tcrit    critical temperature, 304.1282 K
 /// \param dcrit    critical density, 467.6 kg/m3
-/// \param pcrit    critical pressure, 7377.3 kPa
+/// \param pcrit    critical pressure, 7377.3 kPa, rounded: at tcrit `co2_tp` gives it 481.08 kg/m3
 /// \param tmin     lowest temperature accepted, 240 K
 /// \param tmax     highest temperature accepted, 1500 K
 /// \param pmin     lowest pressure accepted, 1 kPa
