@@ -1,6 +1,7 @@
 #pragma once
 // Independent pieces of work on several threads.
 
+#include <algorithm>
 #include <atomic>
 #include <cstddef>
 #include <thread>
@@ -19,6 +20,12 @@ void for_each_index(const std::size_t count, const unsigned threads, const Work&
   std::vector<std::jthread> others;
   for (unsigned t = 1; t < threads; ++t) others.emplace_back(run);
   run();
+}
+
+/// The same on all cores.
+template <class Work>
+void on_all_cores(const std::size_t count, const Work& work) {
+  for_each_index(count, std::max(1U, std::thread::hardware_concurrency()), work);
 }
 
 }  // namespace co2_properties::tablegen

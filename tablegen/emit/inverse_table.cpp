@@ -9,6 +9,7 @@
 
 #include "tablegen/emit/number.hpp"
 #include "tablegen/emit/source.hpp"
+#include "tablegen/parallel.hpp"
 #include "tablegen/tilings/text_reader.hpp"
 
 namespace co2_properties::tablegen {
@@ -94,10 +95,12 @@ CellErrors measure(const InverseTableDesign& design, const Box& box, const Inver
 
 FittedTable fit_table(const InverseTableDesign& design, const std::string& tiling) {
   FittedTable table{design, read_inverse_tiling(tiling), {}, {}};
-  for (const InverseTilingCell& cell : table.tiling) {
-    table.cells.push_back(fit(design, cell));
-    table.errors.push_back(measure(design, cell.box, table.cells.back()));
-  }
+  table.cells.resize(table.tiling.size());
+  table.errors.resize(table.tiling.size());
+  on_all_cores(table.tiling.size(), [&](const std::size_t k) {
+    table.cells[k] = fit(design, table.tiling[k]);
+    table.errors[k] = measure(design, table.tiling[k].box, table.cells[k]);
+  });
   return table;
 }
 

@@ -10,6 +10,7 @@
 #include "tablegen/emit/number.hpp"
 #include "tablegen/emit/source.hpp"
 #include "tablegen/fit/patch_fit.hpp"
+#include "tablegen/parallel.hpp"
 #include "tablegen/reference/span_wagner.hpp"
 #include "tablegen/tilings/text_reader.hpp"
 
@@ -194,13 +195,16 @@ Generated generate(const PatchProperty& property) {
 
 PatchTable fit_patch_table(const PatchProperty& property, PatchTiling tiling) {
   PatchTable table{std::move(tiling), {}, {}};
-  for (const PatchCell& cell : table.tiling) {
+  table.patches.resize(table.tiling.size());
+  table.errors.resize(table.tiling.size());
+  on_all_cores(table.tiling.size(), [&](const std::size_t k) {
+    const PatchCell& cell = table.tiling[k];
     const CellSamples samples = sample_cell(property, cell);
     const ScaledPatch fit =
         fit_patch(cell, samples, {.minimax = !samples.singular, .pins_on = true});
-    table.patches.push_back(stored_patch(cell, fit));
-    table.errors.push_back(measure(property, cell, samples, fit, table.patches.back()));
-  }
+    table.patches[k] = stored_patch(cell, fit);
+    table.errors[k] = measure(property, cell, samples, fit, table.patches[k]);
+  });
   return table;
 }
 

@@ -30,12 +30,6 @@ constexpr Real least_residual = 1e-5L;
 /// Rounds of fitting the shared edges, each with weights from the one before.
 constexpr int rounds = 8;
 
-/// All cores take part; the results do not depend on how many there are.
-template <class Work>
-void on_all_cores(const std::size_t count, const Work& work) {
-  for_each_index(count, std::max(1U, std::thread::hardware_concurrency()), work);
-}
-
 /// How much worse an element is than its functions could be without shared edges.
 double ratio(const ElementResult& r) {
   return r.unconstrained.residual > 0.0 ? r.stored.residual / r.unconstrained.residual : 1.0;
