@@ -6,6 +6,7 @@
 
 #include "solver_report/caloric_report.hpp"
 #include "solver_report/cycle_report.hpp"
+#include "solver_report/edges_report.hpp"
 #include "solver_report/tp_report.hpp"
 
 namespace co2_properties::solver_report {
@@ -39,16 +40,18 @@ int run(const int argc, const char* const* const argv) {
       ->capture_default_str();
   const CLI::App* const ph = add("ph", "co2_ph: round trips from co2_td");
   const CLI::App* const ps = add("ps", "co2_ps: round trips from co2_td");
+  const CLI::App* const edges = add("edges", "States on limits, below 240 K and on saturation");
   add("cycle", "Round trips through co2_tp, co2_ph and co2_ps");
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? 0 : 2;
   }
-  const auto report = tp->parsed()   ? report_tp
-                      : ph->parsed() ? report_ph
-                      : ps->parsed() ? report_ps
-                                     : report_cycle;
+  const auto report = tp->parsed()      ? report_tp
+                      : ph->parsed()    ? report_ph
+                      : ps->parsed()    ? report_ps
+                      : edges->parsed() ? report_edges
+                                        : report_cycle;
   return report(options) ? 0 : 1;
 }
 
