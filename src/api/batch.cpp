@@ -51,7 +51,7 @@ void run_one_by_one(const Batch& batch) noexcept {
 
 bool run(const BatchEntries::Run BatchEntries::*const entry, const Batch& batch) noexcept {
   if (!lengths_agree(batch.first, batch.second, batch.ierr, batch.out)) return false;
-  (widest_entries().*entry)(batch);
+  (widest_entries(instruction_sets()).*entry)(batch);
   return true;
 }
 
@@ -70,13 +70,18 @@ constexpr BatchEntries one_by_one = {
     run_one_by_one<SingleEntry{co2_td}>, run_one_by_one<SingleEntry{co2_tp}>,
     run_one_by_one<SingleEntry{co2_ph}>, run_one_by_one<SingleEntry{co2_ps}>};
 
-const BatchEntries& widest_entries() noexcept {
+InstructionSets instruction_sets() noexcept {
 #if defined(__x86_64__) && defined(__GNUC__)
-  if (eight_lanes != nullptr && static_cast<bool>(__builtin_cpu_supports("avx512f")))
-    return *eight_lanes;
-  if (four_lanes != nullptr && static_cast<bool>(__builtin_cpu_supports("avx2")))
-    return *four_lanes;
+  return {static_cast<bool>(__builtin_cpu_supports("avx2")),
+          static_cast<bool>(__builtin_cpu_supports("avx512f"))};
+#else
+  return {false, false};
 #endif
+}
+
+const BatchEntries& widest_entries(const InstructionSets machine) noexcept {
+  if (machine.avx512f && eight_lanes != nullptr) return *eight_lanes;
+  if (machine.avx2 && four_lanes != nullptr) return *four_lanes;
   return one_by_one;
 }
 

@@ -57,7 +57,14 @@ extern const BatchEntries one_by_one;
 extern const BatchEntries* const four_lanes;   ///< AVX2
 extern const BatchEntries* const eight_lanes;  ///< AVX-512F
 
-/// The widest entries that this machine has.
-[[nodiscard]] const BatchEntries& widest_entries() noexcept;
+/// What a machine has, of what these entries can use.
+struct InstructionSets {
+  bool avx2, avx512f;
+};
+/// Those of this machine.
+[[nodiscard]] InstructionSets instruction_sets() noexcept;
+
+/// The widest entries for a machine.
+[[nodiscard]] const BatchEntries& widest_entries(InstructionSets machine) noexcept;
 
 }  // namespace co2_properties

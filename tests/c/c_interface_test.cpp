@@ -1,15 +1,13 @@
-// The procedures for C against their namesakes in C++: the same bits, argument by argument. Both
-// headers are included in one file, as a host may do.
+// The procedures for C that are no entries against their namesakes in C++: the same bits, argument
+// by argument. The entries are in tests/api.
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <array>
 #include <cstdint>
 #include <cstring>
 #include <iterator>
 #include <string_view>
-#include <utility>
 
 #include "api/co2_properties.h"
 #include "api/co2_properties.hpp"
@@ -18,146 +16,11 @@
 
 namespace {
 
-using co2_properties::OutputSet;
 using co2_properties::test::bits;
 using co2_properties::test::not_a_number;
 using co2_properties::test::output_count;
 using co2_properties::test::output_names;
 using co2_properties::test::Outputs;
-
-using Positional = decltype(&::co2_td);
-using Select = decltype(&::co2_td_select);
-using Batch = decltype(&::co2_td_batch);
-using Cpp = void (*)(const double&, const double&, std::int32_t&, const OutputSet&) noexcept;
-
-struct Entry {
-  const char* name;
-  Positional positional;
-  Select select;
-  Batch batch;
-  Cpp cpp;
-  double states[4][2];  ///< gas, supercritical, two-phase (liquid for tp), beyond a limit
-};
-constexpr Entry entries[] = {
-    {"td",
-     ::co2_td,
-     ::co2_td_select,
-     ::co2_td_batch,
-     co2_properties::co2_td,
-     {{280.0, 20.0}, {310.0, 600.0}, {280.0, 300.0}, {1600.0, 1.0}}},
-    {"tp",
-     ::co2_tp,
-     ::co2_tp_select,
-     ::co2_tp_batch,
-     co2_properties::co2_tp,
-     {{280.0, 1000.0}, {310.0, 9000.0}, {270.0, 20000.0}, {300.0, 0.5}}},
-    {"ph",
-     ::co2_ph,
-     ::co2_ph_select,
-     ::co2_ph_batch,
-     co2_properties::co2_ph,
-     {{1000.0, 480.0}, {9000.0, 320.0}, {3000.0, 300.0}, {3000.0, 2500.0}}},
-    {"ps",
-     ::co2_ps,
-     ::co2_ps_select,
-     ::co2_ps_batch,
-     co2_properties::co2_ps,
-     {{1000.0, 2.2}, {9000.0, 1.4}, {3000.0, 1.4}, {200000.0, 2.0}}},
-};
-
-template <std::size_t... k>
-void call(const Positional entry, const double (&state)[2], std::int32_t& ierr,
-          double* const (&slots)[output_count], std::index_sequence<k...> /*all*/) {
-  entry(&state[0], &state[1], &ierr, slots[k]...);
-}
-
-void expect_same(const Outputs& expected, const Outputs& value) {
-  for (std::size_t k = 0; k < output_count; ++k) {
-    EXPECT_EQ(bits(value.value[k]), bits(expected.value[k])) << output_names[k];
-  }
-}
-
-/// Every second output, and every one.
-constexpr std::uint32_t masks[] = {0x2AAAA, 0x55555, co2_properties::test::all_outputs};
-
-TEST(CInterface, EntriesGiveTheBitsOfCppForAnyOutputs) {
-  for (const Entry& entry : entries) {
-    SCOPED_TRACE(entry.name);
-    for (const auto& state : entry.states) {
-      SCOPED_TRACE(testing::Message() << state[0] << ", " << state[1]);
-      for (const std::uint32_t mask : masks) {
-        Outputs expected, by_position, by_name;
-        std::int32_t expected_ierr = 77, ierr = 77;
-        entry.cpp(state[0], state[1], expected_ierr, expected.subset(mask));
-
-        double* slots[output_count] = {};
-        for (std::size_t k = 0; k < output_count; ++k) {
-          if ((mask >> k & 1U) != 0) slots[k] = &by_position.value[k];
-        }
-        call(entry.positional, state, ierr, slots, std::make_index_sequence<output_count>());
-        EXPECT_EQ(ierr, expected_ierr);
-        expect_same(expected, by_position);
-
-        const OutputSet named = by_name.subset(mask);
-        const co2_output_set out = {.temp = named.temp,
-                                    .pres = named.pres,
-                                    .dens = named.dens,
-                                    .svol = named.svol,
-                                    .qual = named.qual,
-                                    .inte = named.inte,
-                                    .enth = named.enth,
-                                    .entr = named.entr,
-                                    .cv = named.cv,
-                                    .cp = named.cp,
-                                    .ssnd = named.ssnd,
-                                    .visc = named.visc,
-                                    .cond = named.cond,
-                                    .dpdd = named.dpdd,
-                                    .dpdt = named.dpdt,
-                                    .dhdd = named.dhdd,
-                                    .dhdt = named.dhdt,
-                                    .dsdd = named.dsdd,
-                                    .dsdt = named.dsdt};
-        ierr = 77;
-        entry.select(&state[0], &state[1], &ierr, &out);
-        EXPECT_EQ(ierr, expected_ierr);
-        expect_same(expected, by_name);
-      }
-    }
-  }
-}
-
-TEST(CInterface, BatchesGiveTheBitsOfTheEntriesAtAnyStride) {
-  constexpr std::size_t count = 4;
-  for (const Entry& entry : entries) {
-    SCOPED_TRACE(entry.name);
-    // The states as rows of a table, the codes backwards, the outputs of a state side by side, of
-    // which every third is absent.
-    std::array<std::int32_t, count> codes{};
-    std::array<std::array<double, output_count>, count> results{};
-    for (auto& row : results) row.fill(Outputs::canary);
-    co2_batch_output_set out = {};
-    std::array<co2_outputs, output_count> slots{};
-    static_assert(sizeof slots == sizeof out);
-    for (std::size_t k = 0; k < output_count; ++k) {
-      if (k % 3 != 0) slots[k] = {&results[0][k], output_count};
-    }
-    std::memcpy(&out, slots.data(), sizeof out);
-    const co2_inputs first{&entry.states[0][0], 2};
-    const co2_inputs second{&entry.states[0][1], 2};
-    const co2_codes ierr{&codes[count - 1], -1};
-    entry.batch(&count, &first, &second, &ierr, &out);
-    for (std::size_t i = 0; i < count; ++i) {
-      SCOPED_TRACE(i);
-      Outputs expected, result;
-      std::int32_t code = 77;
-      entry.cpp(entry.states[i][0], entry.states[i][1], code, expected.subset(0x36DB6));
-      result.value = results[i];
-      EXPECT_EQ(codes[count - 1 - i], code);
-      expect_same(expected, result);
-    }
-  }
-}
 
 namespace cpp = co2_properties;
 

@@ -1,0 +1,103 @@
+#pragma once
+// The four entries side by side, in all forms in which they are called.
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstdlib>
+#include <utility>
+#include <vector>
+
+#include "api/batch_levels.hpp"
+#include "api/co2_properties.h"
+#include "api/co2_properties.hpp"
+#include "tests/support/bits.hpp"
+#include "tests/support/outputs.hpp"
+
+namespace co2_properties::test {
+
+/// A code and the outputs of one call.
+struct Result {
+  static constexpr std::int32_t unset = 77;
+  std::int32_t ierr = unset;
+  Outputs out;
+
+  double operator[](const Output k) const { return out[k]; }
+};
+
+/// As many pointers as there are outputs.
+template <std::size_t>
+using Slot = double*;
+template <std::size_t... k>
+auto by_position_type(std::index_sequence<k...>)
+    -> void (*)(const double&, const double&, std::int32_t&, Slot<k>...) noexcept;
+inline constexpr auto all_slots = std::make_index_sequence<output_count>();
+
+struct Entry {
+  const char* name;
+  std::int32_t base;       ///< of the codes
+  Output inputs[2];        ///< the outputs that are inputs
+  Mask single_phase_only;  ///< the outputs whose absence in two phases raises a warning
+  void (*by_set)(const double&, const double&, std::int32_t&, const OutputSet&) noexcept;
+  decltype(by_position_type(all_slots)) by_position;
+  bool (*batch)(StridedSpan<const double>, StridedSpan<const double>, StridedSpan<std::int32_t>,
+                const BatchOutputSet&) noexcept;
+  BatchEntries::Run BatchEntries::*run;
+  decltype(&::co2_td) c_by_position;
+  decltype(&::co2_td_select) c_by_set;
+  decltype(&::co2_td_batch) c_batch;
+
+  [[nodiscard]] Result operator()(const double first, const double second,
+                                  const Mask mask = all_outputs) const {
+    Result r;
+    by_set(first, second, r.ierr, r.out.subset(mask));
+    return r;
+  }
+};
+inline constexpr Mask transport = mask_of(visc, cond);
+inline constexpr Mask capacities = mask_of(cv, cp, ssnd);
+inline constexpr Entry td = {"co2_td",      100,
+                             {temp, dens},  capacities | transport,
+                             co2_td,        co2_td,
+                             co2_td_batch,  &BatchEntries::td,
+                             ::co2_td,      ::co2_td_select,
+                             ::co2_td_batch};
+inline constexpr Entry tp = {"co2_tp",      200,
+                             {temp, pres},  capacities | transport,
+                             co2_tp,        co2_tp,
+                             co2_tp_batch,  &BatchEntries::tp,
+                             ::co2_tp,      ::co2_tp_select,
+                             ::co2_tp_batch};
+inline constexpr Entry ph = {
+    "co2_ph", 300,    {pres, enth}, capacities,  // it has transport properties of mixtures
+    co2_ph,   co2_ph, co2_ph_batch, &BatchEntries::ph, ::co2_ph, ::co2_ph_select, ::co2_ph_batch};
+inline constexpr Entry ps = {"co2_ps",      400,
+                             {pres, entr},  capacities | transport,
+                             co2_ps,        co2_ps,
+                             co2_ps_batch,  &BatchEntries::ps,
+                             ::co2_ps,      ::co2_ps_select,
+                             ::co2_ps_batch};
+inline constexpr const Entry* entries[] = {&td, &tp, &ph, &ps};
+inline constexpr const Entry* caloric_entries[] = {&ph, &ps};
+
+/// Every present output of an error is +0.0, every present output of anything else is written, and
+/// nothing else is.
+inline void expect_written(const Result& r, const Mask mask = all_outputs) {
+  for (std::size_t k = 0; k < output_count; ++k) {
+    EXPECT_EQ(r.out.value[k] != Outputs::canary, has(mask, k)) << output_names[k];
+    if (has(mask, k) && r.ierr > 0) {
+      EXPECT_EQ(bits(r.out.value[k]), 0U) << output_names[k];
+    }
+  }
+}
+
+/// The outputs of `mask` have the bits of another result, the others are untouched.
+inline void expect_same(const Outputs& value, const Outputs& expected,
+                        const Mask mask = all_outputs) {
+  for (std::size_t k = 0; k < output_count; ++k) {
+    EXPECT_EQ(bits(value.value[k]), bits(has(mask, k) ? expected.value[k] : Outputs::canary))
+        << output_names[k];
+  }
+}
+
+}  // namespace co2_properties::test
