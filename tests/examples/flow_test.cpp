@@ -172,7 +172,7 @@ TEST(FlowRiemann, OpenEndIsAtThePressureOutsideUnlessChoked) {
     SCOPED_TRACE(row.why);
     const Flowing exit = outflow(fluid, {liquid, row.velo}, row.outside);
     EXPECT_NEAR(exit.state.pres, row.pres, 1e-9 * row.pres);
-    EXPECT_EQ(exit.velo > row.velo, row.pres < liquid.pres);
+    EXPECT_EQ(exit.velo > row.velo, row.pres < 12e6);
     EXPECT_EQ(exit.state.two_phase, row.pres == 4e6);
   }
   // The temperature of the isentrope on the line of saturation: entropy of the liquid there.
