@@ -97,7 +97,7 @@ FittedTable fit_table(const InverseTableDesign& design, const std::string& tilin
   FittedTable table{design, read_inverse_tiling(tiling), {}, {}};
   table.cells.resize(table.tiling.size());
   table.errors.resize(table.tiling.size());
-  on_all_cores(table.tiling.size(), [&](const std::size_t k) {
+  in_parallel(table.tiling.size(), [&](const std::size_t k) {
     table.cells[k] = fit(design, table.tiling[k]);
     table.errors[k] = measure(design, table.tiling[k].box, table.cells[k]);
   });
@@ -159,15 +159,17 @@ std::vector<std::string> content_lines(const FittedTable& table) {
 std::string source_text(const FittedTable& table, const std::string& tiling) {
   const std::string& name = table.design.name;
   const CellGrid grid = inverse_grid(table.tiling);
-  std::string text = header_comment(
-      {name, content_lines(table), "Span & Wagner, J. Phys. Chem. Ref. Data 25 (1996) 1509.",
-       "tablegen/tilings/" + name + ".txt", inverse_digest(tiling), error_lines(table)});
-  text += "\n#include \"solvers/inverse_cell.hpp\"\n\nnamespace co2_properties {\nnamespace {\n\n";
+  std::string text =
+      "\n#include \"solvers/inverse_cell.hpp\"\n\nnamespace co2_properties {\nnamespace {\n\n";
   text += grid_arrays(name, grid) + "\nconstexpr InverseCell " + name + "_list[] = {\n";
   for (std::size_t k = 0; k < table.cells.size(); ++k) text += record(table, k);
   text += "};\n\n}  // namespace\n\nconstexpr InverseFit " + name + "_fit = {" +
           grid_initialiser(name, grid) + ", " + name + "_list};\n\n";
-  return text + "}  // namespace co2_properties\n";
+  text += "}  // namespace co2_properties\n";
+  return generated_source(
+      {name, content_lines(table), "Span & Wagner, J. Phys. Chem. Ref. Data 25 (1996) 1509.",
+       "tablegen/tilings/" + name + ".txt", inverse_digest(tiling), error_lines(table)},
+      text);
 }
 
 std::string report_text(const FittedTable& table) {
@@ -183,59 +185,10 @@ std::string report_text(const FittedTable& table) {
   return text + "\n";
 }
 
-/// The cells of a source written by source_text; empty if it is not one for this tiling.
-std::vector<InverseCell> cells_in(const std::string_view source, const InverseTiling& tiling) {
-  constexpr std::size_t coefficients = inverse_terms * inverse_terms;
-  constexpr std::size_t length = 3 + coefficients;
-  const CellGrid grid = inverse_grid(tiling);
-  const std::size_t first = grid.x.size() + grid.y.size() + grid.cell.size();
-  const std::vector<double> numbers = numbers_in(source);
-  std::vector<InverseCell> cells;
-  if (numbers.size() < first + length * tiling.size()) return cells;
-  const double* at = numbers.data() + first;
-  for (const InverseTilingCell& design : tiling) {
-    InverseCell cell{at[0], at[1], {}, static_cast<std::int32_t>(at[length - 1])};
-    if (cell.pres0 != design.pres0 || cell.caloric0 != design.caloric0 ||
-        cell.saturation_check != design.saturation_check) {
-      return {};
-    }
-    std::copy(at + 2, at + 2 + coefficients, &cell.coef[0][0]);
-    cells.push_back(cell);
-    at += length;
-  }
-  return cells;
-}
-
-/// Largest relative difference of value between two generations, at the states that the cells
-/// serve.
-Difference compare(const FittedTable& table, const std::string_view other) {
-  const std::vector<InverseCell> cells = cells_in(other, table.tiling);
-  // Rounding moves values by some 1e-16 times what the stored powers of an offset lose in
-  // cancelling; the estimates themselves are good to 1e-4.
-  Difference difference{0.0, 1e-9, "no cell differs"};
-  if (cells.empty()) return {std::numeric_limits<double>::infinity(), 0.0, "other tiling"};
-  const auto& [name, caloric, estimate] = table.design;
-  for (std::size_t k = 0; k < cells.size(); ++k) {
-    const auto served = served_states(caloric, table.tiling[k].box, check_nodes(check_count));
-    for (const InverseState& state : served.states) {
-      const auto pres = static_cast<double>(state.pres);
-      const auto value = static_cast<double>(state.caloric);
-      const double mine = evaluate(caloric, table.cells[k], pres, value);
-      const double size = std::abs(evaluate(caloric, cells[k], pres, value) / mine - 1.0);
-      if (!(size <= difference.size)) {
-        difference.size = size;
-        difference.where = format("relative, cell %zu at %.6g kPa and %.8g", k + 1, pres, value);
-      }
-    }
-  }
-  return difference;
-}
-
 Generated generate(const InverseTableDesign& design) {
   const std::string tiling = tiling_text(std::string(design.name) + ".txt");
   const FittedTable table = fit_table(design, tiling);
-  return {source_text(table, tiling), report_text(table), error_lines(table).front(),
-          [table](const std::string_view other) { return compare(table, other); }};
+  return {source_text(table, tiling), report_text(table), error_lines(table).front()};
 }
 
 }  // namespace
@@ -251,7 +204,7 @@ const std::vector<InverseTableDesign>& inverse_table_designs() {
 }
 
 std::string inverse_digest(const std::string& tiling_text) {
-  return input_digest({method, tiling_text});
+  return text_digest({method, tiling_text});
 }
 
 std::vector<Table> inverse_tables() {

@@ -69,7 +69,7 @@ std::vector<double> numbers_in(const std::string_view source) {
   return numbers;
 }
 
-std::string input_digest(const std::vector<std::string>& inputs) {
+std::string text_digest(const std::vector<std::string>& inputs) {
   constexpr std::uint64_t prime = 0x100000001b3;
   std::uint64_t hash = 0xcbf29ce484222325;
   for (const std::string& text : inputs) {

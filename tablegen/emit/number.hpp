@@ -20,8 +20,8 @@ namespace co2_properties::tablegen {
 /// edges, cells and records as they were written.
 [[nodiscard]] std::vector<double> numbers_in(std::string_view source);
 
-/// Digest of everything that a table is made from (64-bit FNV-1a over the texts, each followed by a
+/// Digest of texts, such as all that a table is made from (64-bit FNV-1a, each text followed by a
 /// zero byte), as sixteen hexadecimal digits.
-[[nodiscard]] std::string input_digest(const std::vector<std::string>& inputs);
+[[nodiscard]] std::string text_digest(const std::vector<std::string>& inputs);
 
 }  // namespace co2_properties::tablegen

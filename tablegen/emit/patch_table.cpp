@@ -117,7 +117,13 @@ std::string source_text(const PatchProperty& property, const PatchTable& table,
                         const std::string& digest) {
   const std::string& name = property.table;
   const CellGrid grid = patch_grid(table.tiling);
-  std::string text = header_comment(
+  std::string text = "\n#include \"fits/patch.hpp\"\n\nnamespace co2_properties {\nnamespace {\n\n";
+  text += grid_arrays(name, grid) + "\nconstexpr Patch " + name + "_patches[] = {\n";
+  for (std::size_t k = 0; k < table.patches.size(); ++k) text += record(table, k);
+  text += "};\n\n}  // namespace\n\nconstexpr PatchFit " + name + "_fit = {" +
+          grid_initialiser(name, grid) + ", " + name + "_patches};\n\n";
+  text += "}  // namespace co2_properties\n";
+  return generated_source(
       {name,
        {property.content + ", in " + std::to_string(table.patches.size()) +
             " patches over T (K) and rho (kg/m3);",
@@ -125,13 +131,8 @@ std::string source_text(const PatchProperty& property, const PatchTable& table,
        property.source,
        "tablegen/tilings/" + name + ".txt",
        digest,
-       error_lines(property, table)});
-  text += "\n#include \"fits/patch.hpp\"\n\nnamespace co2_properties {\nnamespace {\n\n";
-  text += grid_arrays(name, grid) + "\nconstexpr Patch " + name + "_patches[] = {\n";
-  for (std::size_t k = 0; k < table.patches.size(); ++k) text += record(table, k);
-  text += "};\n\n}  // namespace\n\nconstexpr PatchFit " + name + "_fit = {" +
-          grid_initialiser(name, grid) + ", " + name + "_patches};\n\n";
-  return text + "}  // namespace co2_properties\n";
+       error_lines(property, table)},
+      text);
 }
 
 std::string report_line(const PatchTable& table, const std::size_t k) {
@@ -160,35 +161,11 @@ std::string report_text(const PatchProperty& property, const PatchTable& table) 
   return text + "\n";
 }
 
-/// The patches of a source written by source_text; empty if it is not one for this tiling.
-std::vector<Patch> patches_in(const std::string_view source, const PatchTiling& tiling) {
-  const CellGrid grid = patch_grid(tiling);
-  const std::size_t first = grid.x.size() + grid.y.size() + grid.cell.size();
-  constexpr std::size_t length = 2 + patch_terms * patch_terms;
-  const std::vector<double> numbers = numbers_in(source);
-  std::vector<Patch> patches;
-  if (numbers.size() < first + length * tiling.size()) return patches;
-  auto at = numbers.begin() + static_cast<std::ptrdiff_t>(first);
-  for (const PatchCell& cell : tiling) {
-    Patch patch{*at, *(at + 1), {}};
-    if (patch.temp0 != cell.temp0 || patch.dens0 != cell.dens0) return {};
-    std::copy(at + 2, at + length, &patch.coef[0][0]);
-    at += length;
-    patches.push_back(patch);
-  }
-  return patches;
-}
-
 Generated generate(const PatchProperty& property) {
   const std::string tiling = tiling_text(property.table + ".txt");
   const PatchTable table = fit_patch_table(property, read_patch_tiling(tiling));
-  const auto difference = [property, table](const std::string_view other) -> Difference {
-    const std::vector<Patch> patches = patches_in(other, table.tiling);
-    if (patches.empty()) return {std::numeric_limits<double>::infinity(), 0.0, "other tiling"};
-    return patch_difference(property, table.tiling, table.patches, patches);
-  };
   return {source_text(property, table, patch_digest(tiling)), report_text(property, table),
-          error_lines(property, table).front(), difference};
+          error_lines(property, table).front()};
 }
 
 }  // namespace
@@ -197,7 +174,7 @@ PatchTable fit_patch_table(const PatchProperty& property, PatchTiling tiling) {
   PatchTable table{std::move(tiling), {}, {}};
   table.patches.resize(table.tiling.size());
   table.errors.resize(table.tiling.size());
-  on_all_cores(table.tiling.size(), [&](const std::size_t k) {
+  in_parallel(table.tiling.size(), [&](const std::size_t k) {
     const PatchCell& cell = table.tiling[k];
     const CellSamples samples = sample_cell(property, cell);
     const ScaledPatch fit =
@@ -208,42 +185,8 @@ PatchTable fit_patch_table(const PatchProperty& property, PatchTiling tiling) {
   return table;
 }
 
-Difference patch_difference(const PatchProperty& property, const PatchTiling& tiling,
-                            const std::vector<Patch>& one, const std::vector<Patch>& other) {
-  // One unit is the flip of a last bit that a platform with another long double may make; a second
-  // one allows for the solution itself.
-  Difference difference{0.0, 2.0, "no patch differs"};
-  for (std::size_t k = 0; k < tiling.size(); ++k) {
-    if (std::equal(&one[k].coef[0][0], &one[k].coef[0][0] + patch_terms * patch_terms,
-                   &other[k].coef[0][0])) {
-      continue;
-    }
-    for (const auto& [at, value, scale] : check_states(property, tiling[k])) {
-      const Real dt = at.temp - one[k].temp0;
-      const Real dr = at.dens - one[k].dens0;
-      Real change = 0.0L;
-      Real unit = 0.0L;
-      for (int i = 0; i < patch_terms; ++i) {
-        for (int j = 0; j < patch_terms; ++j) {
-          const Real power = std::pow(dt, patch_terms - 1 - i) * std::pow(dr, j);
-          const Real a = one[k].coef[i][j];
-          change += (other[k].coef[i][j] - a) * power;
-          unit += std::fabs(a * power) * std::numeric_limits<double>::epsilon();
-        }
-      }
-      const auto size = static_cast<double>(std::fabs(change) / unit);
-      if (!(size <= difference.size)) {
-        difference.size = size;
-        difference.where = format("last places of the terms of patch %zu at %.6Lf K, %.4Lf kg/m3",
-                                  k, at.temp, at.dens);
-      }
-    }
-  }
-  return difference;
-}
-
 std::string patch_digest(const std::string& tiling_text) {
-  return input_digest({method, tiling_text});
+  return text_digest({method, tiling_text});
 }
 
 std::vector<Table> patch_tables() {

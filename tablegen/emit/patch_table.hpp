@@ -30,13 +30,6 @@ struct PatchTable {
 /// Fits every cell of the tiling of a property.
 [[nodiscard]] PatchTable fit_patch_table(const PatchProperty& property, PatchTiling tiling);
 
-/// Largest difference of two sets of patches on one tiling, at states that the fit must serve. The
-/// measure is the change of value over the change that one unit in the last place of every
-/// coefficient can make: two runs with different rounding stay near 1.
-[[nodiscard]] Difference patch_difference(const PatchProperty& property, const PatchTiling& tiling,
-                                          const std::vector<Patch>& one,
-                                          const std::vector<Patch>& other);
-
 /// The digest of the inputs of a patch table, as it stands in its header.
 [[nodiscard]] std::string patch_digest(const std::string& tiling_text);
 

@@ -17,7 +17,11 @@ struct Provenance {
   std::vector<std::string> errors;  ///< lines: worst fit errors and where
 };
 
-[[nodiscard]] std::string header_comment(const Provenance& provenance);
+/// A comment with the provenance and a digest of the body, then the body.
+[[nodiscard]] std::string generated_source(const Provenance& provenance, const std::string& body);
+
+/// Whether the body of a generated source is the one that its digest was made of.
+[[nodiscard]] bool has_own_body(const std::string& source);
 
 /// `items` separated by commas, broken so that no line is longer than 100 columns and indented by
 /// two; ends with a line break.

@@ -204,40 +204,6 @@ std::string map_source(const std::vector<ElementCell>& cells, const Region regio
          "_map = " + grid_initialiser(name, element_grid(cells, region)) + ";\n";
 }
 
-/// Largest difference of pressure (relative to rho dp/drho) and entropy between two generations.
-Difference compare(const std::vector<ElementResult>& results, const std::string_view other) {
-  constexpr std::size_t numbers = sizeof(Element) / sizeof(double);
-  constexpr int samples = 5;
-  Difference d{0.0, 1e-9, "relative density at given (T, p)"};
-  const std::vector<double> values = numbers_in(other);
-  if (values.size() < numbers * results.size()) {
-    return {std::numeric_limits<double>::infinity(), d.allowed, "a text of another shape"};
-  }
-  for (std::size_t k = 0; k < results.size(); ++k) {
-    const Element& mine = results[k].stored.element;
-    Element theirs{};
-    const double* v = values.data() + numbers * k;
-    theirs = {v[0], v[1], v[2], v[3], {}};
-    for (std::size_t i = 0; i < 36; ++i) theirs.coef[i / 6][i % 6] = v[4 + i];
-    for (int i = 0; i <= samples; ++i) {
-      for (int j = 0; j <= samples; ++j) {
-        const double temp = mine.temp0 + mine.temp_width * i / samples;
-        const double dens = mine.dens0 + mine.dens_width * j / samples;
-        const HelmholtzDerivatives a = evaluate(mine, temp, dens, elementary::rounded_log(dens));
-        const HelmholtzDerivatives b = evaluate(theirs, temp, dens, elementary::rounded_log(dens));
-        const double p = pressure(a, dens);
-        const double size =
-            std::abs(pressure(b, dens) - p) / std::max(std::abs(dens * dpdd(a, dens)), std::abs(p));
-        if (!(size <= d.size)) {
-          d.size = size;
-          d.where = format("element %zu, relative density at given (T, p)", k + 1);
-        }
-      }
-    }
-  }
-  return d;
-}
-
 Generated generate() {
   std::ifstream stream(std::string(TABLEGEN_TILINGS_DIR) + "/elements.txt");
   const std::string tiling{std::istreambuf_iterator<char>(stream), {}};
@@ -251,24 +217,23 @@ Generated generate() {
       "src/eos/element.hpp. After them the maps that find an element: src/eos/locate_td.hpp."};
   provenance.fitted_to = "Span & Wagner, J. Phys. Chem. Ref. Data 25 (1996) 1509.";
   provenance.tiling = tiling_file;
-  provenance.digest = input_digest({tiling, fit_version});
+  provenance.digest = text_digest({tiling, fit_version});
   provenance.errors = {
       worst_errors(results),
       "Each record names the worst error of density at given (T, p), of h and cp."};
 
   Generated g;
-  g.source = header_comment(provenance);
-  g.source += "\n#include \"eos/element.hpp\"\n#include \"eos/locate_td.hpp\"\n\n";
-  g.source += "namespace co2_properties {\n\nconstexpr Element elements[element_count] = {\n";
-  for (std::size_t k = 0; k < results.size(); ++k) g.source += record(k + 1, results[k]);
-  g.source += "};\n";
-  g.source += map_source(cells, Region::vapour, "vapour");
-  g.source += map_source(cells, Region::liquid, "liquid");
-  g.source += map_source(cells, Region::supercritical, "supercritical");
-  g.source += "\n}  // namespace co2_properties\n";
+  std::string text = "\n#include \"eos/element.hpp\"\n#include \"eos/locate_td.hpp\"\n\n";
+  text += "namespace co2_properties {\n\nconstexpr Element elements[element_count] = {\n";
+  for (std::size_t k = 0; k < results.size(); ++k) text += record(k + 1, results[k]);
+  text += "};\n";
+  text += map_source(cells, Region::vapour, "vapour");
+  text += map_source(cells, Region::liquid, "liquid");
+  text += map_source(cells, Region::supercritical, "supercritical");
+  text += "\n}  // namespace co2_properties\n";
+  g.source = generated_source(provenance, text);
   g.report = report(results);
   g.summary = worst_errors(results);
-  g.difference = [results](const std::string_view other) { return compare(results, other); };
   return g;
 }
 
@@ -288,7 +253,7 @@ std::vector<ElementResult> fit_elements(const std::vector<ElementCell>& cells) {
   std::vector<std::optional<ElementFitter>> fitters(cells.size());
   std::vector<Rows> losses(cells.size());
   std::vector<ElementResult> results(cells.size());
-  on_all_cores(cells.size(), [&](const std::size_t k) {
+  in_parallel(cells.size(), [&](const std::size_t k) {
     fitters[k].emplace(cells[k]);
     results[k].cell = cells[k];
     results[k].unconstrained = fitters[k]->solve();
@@ -304,7 +269,7 @@ std::vector<ElementResult> fit_elements(const std::vector<ElementCell>& cells) {
   std::vector<EdgeCoefficients> polynomials = interpolated_edges(edges);
   for (int round = 0; round < rounds; ++round) {
     improve_edges(edges, at, losses, polynomials);
-    on_all_cores(cells.size(), [&](const std::size_t k) {
+    in_parallel(cells.size(), [&](const std::size_t k) {
       results[k].stored =
           fitters[k]->solve(span(at[k].lower), span(at[k].upper), at[k].gather(polynomials));
       // Elements that lose much by sharing their edges count more in the next round.

@@ -51,11 +51,17 @@ Reach::Reach(const Box& cell, const FitLimits& limits, const Real margin)
   temp_hi_ = last == steps ? at(steps) : border(at(last + 1), at(last));
 }
 
+Real Reach::highest(const Real temp) const {
+  const Real hi = std::min(cell_.y_hi, reference::d_search_max);
+  if (reference::properties(temp, hi).p <= p_max) return hi;
+  const Real top = reference::density_between<Real>(temp, p_max, 0.0L, hi, hi);
+  return std::min(hi, top * (1.0L + margin_ / 100.0L));
+}
+
 std::vector<DensityRange> Reach::densities(const Real temp) const {
   const Real d_crit = reference::d_crit;
   const Real lo = cell_.y_lo;
-  const Real top = reference::density<Real>(temp, p_max) * (1.0L + margin_ / 100.0L);
-  const Real hi = std::min<Real>(cell_.y_hi, top);
+  const Real hi = highest(temp);
   std::vector<DensityRange> ranges;
   const auto add = [&ranges](const Real from, const Real to) {
     if (to - from > shortest) ranges.push_back({from, to});

@@ -54,6 +54,8 @@ class Reach {
   [[nodiscard]] std::vector<StatePoint> dome_points(const std::vector<Real>& nodes) const;
 
  private:
+  /// Largest reachable density of the cell at one temperature, margin included.
+  [[nodiscard]] Real highest(Real temp) const;
   void add_points(const std::vector<Real>& nodes, Real temp_lo, Real temp_hi,
                   std::vector<StatePoint>& points) const;
 

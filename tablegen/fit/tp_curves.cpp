@@ -436,47 +436,6 @@ std::string report(const RegionTable& table) {
                        degrees[5], table.columns.size(), rows);
 }
 
-/// Largest distance between the curves of two generations, kg/m3. Everything but the coefficients
-/// has to be the same.
-Difference compare(const std::vector<RegionTable>& tables, const std::vector<Element>& elements,
-                   const std::string& source, const std::string_view other) {
-  Difference d{0.0, 2.0 * dens_tolerance, "distance between curves, kg/m3"};
-  const auto unlike = [&d]() -> Difference {
-    return {std::numeric_limits<double>::infinity(), d.allowed, "a text of another shape"};
-  };
-  const std::vector<double> mine = numbers_in(source);
-  const std::vector<double> theirs = numbers_in(other);
-  if (mine.size() != theirs.size()) return unlike();
-  std::size_t at = 0;
-  for (const RegionTable& table : tables) {
-    std::size_t layout = 2 * table.temp_edges.size() + 2;  // edges, first
-    for (const auto& column : table.columns) layout += 2 * column.size();
-    if (!std::equal(mine.begin() + static_cast<std::ptrdiff_t>(at),
-                    mine.begin() + static_cast<std::ptrdiff_t>(at + layout),
-                    theirs.begin() + static_cast<std::ptrdiff_t>(at))) {
-      return unlike();
-    }
-    at += layout;
-    for (const Curve& curve : table.curves) {
-      IsochoreCurve their{theirs[at], {}};
-      if (their.temp_start != curve.stored.temp_start) return unlike();
-      std::copy_n(theirs.begin() + static_cast<std::ptrdiff_t>(at + 1), curve_terms, their.coef);
-      at += 1 + curve_terms;
-      const Span span = active_span(elements, curve);
-      for (int i = 0; i <= check_count; ++i) {
-        const double temp = span.lo + (span.hi - span.lo) * i / check_count;
-        const double off = evaluate_curve(their, temp) - evaluate_curve(curve.stored, temp);
-        const double size = std::abs(off) * edge_state(elements, curve, temp).dens_per_pres;
-        if (size <= d.size) continue;
-        d.size = size;
-        d.where = format("%s, %g kg/m3 at %g K: kg/m3", table.name, curve.dens, temp);
-      }
-    }
-    at += 1;  // the number of temperature edges in the map
-  }
-  return d;
-}
-
 /// The records of an element table that belongs to the tiling.
 std::vector<Element> elements_in(const std::string_view source,
                                  const std::vector<ElementCell>& cells) {
@@ -535,20 +494,17 @@ Generated generate() {
     if (!g.summary.empty()) g.summary += ' ';
     g.summary += provenance.errors.back();
   }
-  g.source = header_comment(provenance) + "\n#include \"eos/locate_tp.hpp\"\n\n" +
-             "namespace co2_properties {\n";
-  for (const RegionTable& table : tables) g.source += region_source(table);
-  g.source += "\n}  // namespace co2_properties\n";
-  g.difference = [tables, elements, text = g.source](const std::string_view other) {
-    return compare(tables, elements, text, other);
-  };
+  std::string text = "\n#include \"eos/locate_tp.hpp\"\n\nnamespace co2_properties {\n";
+  for (const RegionTable& table : tables) text += region_source(table);
+  text += "\n}  // namespace co2_properties\n";
+  g.source = generated_source(provenance, text);
   return g;
 }
 
 }  // namespace
 
 std::string tp_curves_digest(const std::string_view elements_source) {
-  return input_digest({std::string(elements_source), fit_version});
+  return text_digest({std::string(elements_source), fit_version});
 }
 
 Table tp_curves_table() { return {"tp_curves", "eos/tables/tp_curves.cpp", generate}; }

@@ -2,7 +2,12 @@
 
 #include <mpfr.h>
 
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
 #include <limits>
+#include <vector>
 
 // The rest of the arithmetic is that of IEEE 754, the same in every implementation of a format;
 // this is the format for which the tables are made.
@@ -33,12 +38,57 @@ class Number {
   mpfr_t value_;
 };
 
-template <int (*function)(mpfr_ptr, mpfr_srcptr, mpfr_rnd_t)>
-long double call(const long double x) {
-  Number argument(x);
-  Number result;
-  function(result.get(), argument.get(), MPFR_RNDN);
-  return result.rounded();
+/// MPFR keeps constants and memory for each thread until it is told that the thread ends.
+struct CachesOfThread {
+  CachesOfThread() = default;
+  CachesOfThread(const CachesOfThread&) = delete;
+  CachesOfThread& operator=(const CachesOfThread&) = delete;
+  ~CachesOfThread() { mpfr_free_cache(); }
+};
+
+/// The results of one function for the arguments that came last. States are sampled on grids and
+/// iterations stay on isotherms, so that most arguments come again, and a call costs 1 to 3 us.
+template <class Arguments>
+class Memo {
+ public:
+  /// \param compute  result for arguments that are not known
+  template <class Compute>
+  long double operator()(const Arguments& arguments, const Compute& compute) {
+    Entry& entry = entries_[place(arguments)];
+    if (!entry.known || entry.arguments != arguments) entry = {true, arguments, compute()};
+    return entry.result;
+  }
+
+ private:
+  struct Entry {
+    bool known;
+    Arguments arguments;
+    long double result;
+  };
+  static constexpr unsigned index_bits = 12;
+
+  static std::size_t place(const Arguments& arguments) noexcept {
+    std::uint64_t hash = 0;
+    for (const long double x : arguments) {
+      std::uint64_t mantissa{};
+      std::memcpy(&mantissa, &x, sizeof mantissa);
+      hash = (hash ^ mantissa) * 0x9e3779b97f4a7c15U;
+    }
+    return hash >> (64 - index_bits);
+  }
+
+  std::vector<Entry> entries_{std::size_t{1} << index_bits};
+};
+
+template <auto function, class... Reals>
+long double call(const Reals... arguments) {
+  thread_local const CachesOfThread caches;
+  thread_local Memo<std::array<long double, sizeof...(Reals)>> memo;
+  return memo({arguments...}, [&] {
+    Number result;
+    function(result.get(), Number(arguments).get()..., MPFR_RNDN);
+    return result.rounded();
+  });
 }
 
 }  // namespace
@@ -51,12 +101,6 @@ long double cos(const long double x) { return call<mpfr_cos>(x); }
 long double acos(const long double x) { return call<mpfr_acos>(x); }
 long double atan(const long double x) { return call<mpfr_atan>(x); }
 
-long double pow(const long double x, const long double y) {
-  Number base(x);
-  Number exponent(y);
-  Number result;
-  mpfr_pow(result.get(), base.get(), exponent.get(), MPFR_RNDN);
-  return result.rounded();
-}
+long double pow(const long double x, const long double y) { return call<mpfr_pow>(x, y); }
 
 }  // namespace co2_properties::reference::elementary

@@ -238,6 +238,10 @@ Alpha<Real> power_part(Real tau, Real delta) {
   return sum;
 }
 
+/// Where the exponent of a bell is larger, it is below the square of the rounding error.
+template <class Real>
+inline constexpr Real negligible = Real(2 * std::numeric_limits<Real>::digits);
+
 /// Terms 35 to 39. shift_delta is delta - 1, free of cancellation.
 template <class Real>
 Alpha<Real> gauss_part(Real tau, Real delta, Real shift_delta) {
@@ -247,7 +251,9 @@ Alpha<Real> gauss_part(Real tau, Real delta, Real shift_delta) {
   Alpha<Real> sum{};
   for (const GaussTerm<Real>& term : gauss_terms<Real>) {
     const Real off = tau - term.gamma;
-    const Real bell = exp(-term.eta * shift_delta * shift_delta - term.beta * off * off);
+    const Real spread = term.eta * shift_delta * shift_delta + term.beta * off * off;
+    if (spread > negligible<Real>) continue;
+    const Real bell = exp(-spread);
     const Real front = delta_power[static_cast<unsigned>(term.d)] *
                        tau_power[static_cast<unsigned>(term.t)] * bell;
     // Logarithmic slopes of the common factor and their own logarithmic derivatives.
@@ -276,13 +282,12 @@ Alpha<Real> non_analytic_part(Real tau, Real delta, Real below, Real x) {
   using elementary::exp;
   using elementary::fabs;
   using elementary::pow;
+  using elementary::sqrt;
   constexpr Real amplitude = Real(0.7L);
   constexpr Real width = Real(275);
-  // Far from the critical isotherm psi is below the square of the rounding error.
-  constexpr Real negligible = Real(2 * std::numeric_limits<Real>::digits);
   Alpha<Real> sum{};
   const Real spread = width * below * below;
-  if (spread > negligible) return sum;
+  if (spread > negligible<Real>) return sum;
 
   const Real absx = fabs(x);
   const Real x2 = x * x;
@@ -302,7 +307,7 @@ Alpha<Real> non_analytic_part(Real tau, Real delta, Real below, Real x) {
     const Real dist_td = -Real(2) * theta_d;
 
     // g = Delta^b and its derivatives by the chain rule.
-    const Real g = pow(dist, term.b);
+    const Real g = term.b == Real(0.875L) ? dist / sqrt(sqrt(sqrt(dist))) : pow(dist, term.b);
     const Real slope = term.b * g / dist;
     const Real bend = (term.b - Real(1)) * slope / dist;
     const Real g_d = slope * dist_d;

@@ -3,6 +3,9 @@
 #include <cfloat>
 #include <cmath>
 #include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -41,10 +44,26 @@ TEST(Number, NumbersOfASourceAreThoseInsideInitialisers) {
 
 TEST(Number, DigestDependsOnEveryByteAndOnTheBoundaries) {
   // Values of 64-bit FNV-1a: the digest of "" is one step over the zero byte.
-  EXPECT_EQ(input_digest({}), "cbf29ce484222325");
-  EXPECT_EQ(input_digest({""}), "af63bd4c8601b7df");
-  EXPECT_NE(input_digest({"ab", "c"}), input_digest({"a", "bc"}));
-  EXPECT_NE(input_digest({"ab"}), input_digest({"ac"}));
+  EXPECT_EQ(text_digest({}), "cbf29ce484222325");
+  EXPECT_EQ(text_digest({""}), "af63bd4c8601b7df");
+  EXPECT_NE(text_digest({"ab", "c"}), text_digest({"a", "bc"}));
+  EXPECT_NE(text_digest({"ab"}), text_digest({"ac"}));
+}
+
+TEST(Source, ShippedBodiesAreThoseOfTheirDigests) {
+  int count = 0;
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(TABLEGEN_SOURCE_DIR)) {
+    if (entry.path().parent_path().filename() != "tables" || entry.path().extension() != ".cpp") {
+      continue;
+    }
+    std::ifstream file(entry.path(), std::ios::binary);
+    std::string source{std::istreambuf_iterator<char>(file), {}};
+    EXPECT_TRUE(has_own_body(source)) << entry.path();
+    source[source.size() / 2] ^= 1;
+    EXPECT_FALSE(has_own_body(source)) << entry.path();
+    ++count;
+  }
+  EXPECT_EQ(count, 11);
 }
 
 TEST(CellGrid, HoldsEachRectangleAndAsksForTheRest) {

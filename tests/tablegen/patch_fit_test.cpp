@@ -128,35 +128,11 @@ TEST(Reach, KeepsToStableStatesWithinTheLimits) {
   EXPECT_NEAR(static_cast<double>(top.temp_lo()), reference::t_crit, 1e-4) << "a sliver";
 }
 
-TEST(PatchTable, DifferenceCountsLastPlacesAndSeesRealChanges) {
-  const PatchProperty& property = patch_properties()[0];
-  const PatchTiling tiling = read_patch_tiling(tiling_text("viscosity.txt"));
-  const std::vector<Patch> shipped(viscosity_fit.patches, viscosity_fit.patches + tiling.size());
-  EXPECT_EQ(patch_difference(property, tiling, shipped, shipped).size, 0.0);
-
-  std::vector<Patch> other = shipped;
-  for (auto& row : other[7].coef) {
-    for (double& a : row) a = std::nextafter(a, 2.0 * a);
-  }
-  const Difference rounding = patch_difference(property, tiling, shipped, other);
-  EXPECT_GT(rounding.size, 0.1);
-  EXPECT_LE(rounding.size, rounding.allowed);
-
-  other[7].coef[patch_terms - 1][0] *= 1.0 + 1e-14;
-  const Difference change = patch_difference(property, tiling, shipped, other);
-  EXPECT_GT(change.size, change.allowed);
-  EXPECT_NE(change.where.find("patch 7"), std::string::npos) << change.where;
-}
-
 TEST(PatchTable, GeneratesTheShippedViscosityAgain) {
   const Table table = patch_tables().front();
   std::ifstream file(TABLEGEN_SOURCE_DIR "/" + table.output);
   const std::string shipped{std::istreambuf_iterator<char>(file), {}};
-  const Generated generated = table.generate();
-  // Equal bytes are not asked for here: another platform may round otherwise.
-  const Difference difference = generated.difference(shipped);
-  EXPECT_LE(difference.size, difference.allowed) << difference.where;
-  EXPECT_GT(generated.difference(shipped.substr(0, shipped.size() / 2)).size, difference.allowed);
+  EXPECT_EQ(table.generate().source, shipped);
 }
 
 }  // namespace
