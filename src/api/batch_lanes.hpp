@@ -201,10 +201,12 @@ struct TdLanes {
   [[gnu::noinline]] static LaneMask evaluate(const Batch& batch, LaneStates& states) {
     const Lanes temp = load(states.temp);
     const Lanes dens = load(states.dens);
-    const LaneDerivatives d =
-        evaluate_lanes(lane_isotherm(states.cell, temp), dens, logarithm(dens));
+    const LaneIsotherm at = lane_isotherm(states.cell, temp);
+    const LaneDerivatives d = evaluate_lanes(at, dens, logarithm(dens));
     const Lanes pres = pressure(d, dens);
-    const LaneMask within = (pres >= pres_min) & (pres <= pres_max);
+    const Lanes width = gather([&](const std::size_t k) { return states.cell[k]->dens_width; });
+    const LaneMask within =
+        (pres >= pres_min) & (pres <= pres_max) & ~is_beyond(dens - at.dens0, width);
     write_lanes(batch, states, within, d, temp, dens, pres);
     return ~within;
   }
@@ -247,8 +249,9 @@ struct TpLanes {
       const Lanes last = absolute(step) < largest_last_step * dens ? dens - step : dens;
       result = met ? result : last;
       met |= ~left & (absolute(residual) < tolerance);
-      dens = dens - step;
+      dens = left ? dens : dens - step;
     }
+    result = met ? result : at.dens0;  // others may have lost their density
     const LaneDerivatives d = evaluate_lanes(at, result, logarithm(result));
     write_lanes(batch, states, met, d, temp, result, pres);
     return ~met;
@@ -266,7 +269,7 @@ struct CaloricLanes {
   static bool take(const CaloricStart& start, const double pres, const double caloric,
                    LaneStates& states, const std::size_t k) {
     if (start.code != status::success || start.is_mixture || !(pres < 1e6) ||
-        !(start.temp < 1e4 && start.dens > 0.0 && start.dens < 1e4)) {
+        !is_promising(start.temp, start.dens)) {
       return false;
     }
     states.cell[k] = &element(start.element);
@@ -291,31 +294,44 @@ struct CaloricLanes {
     Lanes dens = load(states.dens);
     LaneDerivatives d{};
     LaneMask met = {};
+    LaneMask left = {};  // the elements
     for (int step = 0; step < most_steps; ++step) {
-      follow(states, temp, dens, met);
+      follow(states, temp, dens, met, left);
       d = evaluate_lanes(lane_isotherm(states.cell, temp), dens, logarithm(dens));
       const Lanes pres_residual = pressure(d, dens) - pres;
       const Lanes caloric_residual = Caloric::value(d, temp, dens) - caloric;
       met |= (absolute(pres_residual) < pres_close) & (absolute(caloric_residual) < caloric_close);
-      if (!any(~met)) break;
+      if (!any(~(met | left))) break;
       const auto move = caloric_step<Caloric>(d, temp, dens, pres_residual, caloric_residual);
       temp = met ? temp : temp - move.temp;
       dens = met ? dens : dens - move.dens;
     }
-    const LaneMask within =
-        met & (temp >= temp_min) & (temp <= temp_max) & is_stable_state(d, temp, dens);
+    LaneMask within = met & ~left & (temp >= temp_min) & (temp <= temp_max);
+    const LaneMask unsure = within & ~surely_has_phase(pres, temp, dens);
+    for (std::size_t k = 0; any(unsure) && k < lane_count; ++k) {
+      if (unsure[k] != 0 && !has_phase(pres[k], temp[k], dens[k])) within[k] = 0;
+    }
     write_lanes(batch, states, within, d, temp, dens, pres);
     return ~within;
   }
 
  private:
-  static void follow(LaneStates& states, const Lanes temp, const Lanes dens, const LaneMask met) {
+  /// Finds the elements of the iterates. One that leaves them all is held back in its last element:
+  /// what becomes of it, the entry for one state shall say.
+  static void follow(LaneStates& states, Lanes& temp, Lanes& dens, const LaneMask met,
+                     LaneMask& left) {
     for (std::size_t k = 0; k < lane_count; ++k) {
-      const Element& cell = *states.cell[k];
-      if (met[k] == 0 && !(keeps_element(temp[k] - cell.temp0, cell.temp_width) &&
-                           keeps_element(dens[k] - cell.dens0, cell.dens_width))) {
-        states.cell[k] = &element(relocate(temp[k], dens[k]));
+      if (met[k] != 0 || serves(*states.cell[k], temp[k], dens[k])) continue;
+      if (is_promising(temp[k], dens[k])) {
+        const Element& next = element(relocate(temp[k], dens[k]));
+        if (serves(next, temp[k], dens[k])) {
+          states.cell[k] = &next;
+          continue;
+        }
       }
+      left[k] = -1;
+      temp[k] = states.cell[k]->temp0;
+      dens[k] = states.cell[k]->dens0;
     }
   }
 };

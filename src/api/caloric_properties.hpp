@@ -25,6 +25,10 @@ struct Enthalpy {
                                          status::ph_not_converged,    status::ph_two_phase,
                                          status::ph_loosely_converged};
 
+  // Far outside of any state, also of extrapolated mixtures, kJ/kg.
+  static constexpr double least = -1000.0;
+  static constexpr double greatest = 5000.0;
+
   static constexpr SingleEntry entry = co2_ph;
   static constexpr auto place = place_ph;
   static constexpr auto finish = finish_ph;
@@ -77,6 +81,10 @@ struct Entropy {
                                          status::ps_pres_below_min,   status::ps_pres_above_max,
                                          status::ps_not_converged,    status::ps_two_phase,
                                          status::ps_loosely_converged};
+
+  // Far outside of any state, also of extrapolated mixtures, kJ/(kg K).
+  static constexpr double least = -5.0;
+  static constexpr double greatest = 15.0;
 
   static constexpr SingleEntry entry = co2_ps;
   static constexpr auto place = place_ps;

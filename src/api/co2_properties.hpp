@@ -109,9 +109,9 @@ void co2_tp(const double& temp_in, const double& pres_in, std::int32_t& ierr,
 /// \param pres_in  pressure, kPa, 1 to 100000
 /// \param enth_in  specific enthalpy, kJ/kg, of a temperature of 240 K to 1500 K
 /// \param ierr     0; -301 two phases and one of cv, cp, ssnd is present; -302 within 0.08 K of the
-///                 critical temperature, pressure or enthalpy are met to more than 1e-4 only; the
+///                 critical temperature, pressure or enthalpy are met to 1e-2 instead of 1e-4; the
 ///                 errors 303 pressure below 1, 304 pressure above 100000, 301 temperature below
-///                 240, 302 temperature above 1500, 305 no temperature and density found
+///                 240, 302 temperature above 1500, both however far, 305 not a finite number
 ///
 /// An enthalpy between those of saturated liquid and vapour is a mixture at the saturation
 /// temperature, which is not tested: below 1282.4835 kPa it is extrapolated. `pres` is then that of

@@ -4,6 +4,7 @@
 
 #include "api/co2_properties.hpp"
 #include "api/places.hpp"
+#include "api/relocate.hpp"
 #include "api/state_writer.hpp"
 #include "eos/helmholtz.hpp"
 #include "eos/locate_td.hpp"
@@ -66,7 +67,10 @@ void finish_td(const TdPlace& place, const double temp, const double dens, std::
     if (wants_cv_cp_ssnd(out) || wants_transport(out)) ierr = status::td_two_phase;
     return;
   }
-  const HelmholtzDerivatives d = evaluate(element(place.element), temp, dens, std::log(dens));
+  const Element& cell = element(place.element);
+  if (is_beyond(dens - cell.dens0, cell.dens_width))
+    return fail(status::td_pres_above_max, ierr, out);
+  const HelmholtzDerivatives d = evaluate(cell, temp, dens, std::log(dens));
   const double pres = pressure(d, dens);
   if (pres < pres_min) return fail(status::td_pres_below_min, ierr, out);
   if (pres > pres_max) return fail(status::td_pres_above_max, ierr, out);
