@@ -7,6 +7,7 @@
 #include "solver_report/caloric_report.hpp"
 #include "solver_report/cycle_report.hpp"
 #include "solver_report/edges_report.hpp"
+#include "solver_report/limits_report.hpp"
 #include "solver_report/tp_report.hpp"
 
 namespace co2_properties::solver_report {
@@ -41,17 +42,24 @@ int run(const int argc, const char* const* const argv) {
   const CLI::App* const ph = add("ph", "co2_ph: round trips from co2_td");
   const CLI::App* const ps = add("ps", "co2_ps: round trips from co2_td");
   const CLI::App* const edges = add("edges", "States on limits, below 240 K and on saturation");
+  const CLI::App* const limits =
+      add("limits", "All entries, inside and far outside the range, against co2_td");
+  CLI::App* const exceptions =
+      add("exceptions", "Floating-point exceptions of all entries, for any finite input");
+  exceptions->add_flag("--trap", options.trap, "Let them end the process, where the system can");
   add("cycle", "Round trips through co2_tp, co2_ph and co2_ps");
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? 0 : 2;
   }
-  const auto report = tp->parsed()      ? report_tp
-                      : ph->parsed()    ? report_ph
-                      : ps->parsed()    ? report_ps
-                      : edges->parsed() ? report_edges
-                                        : report_cycle;
+  const auto report = tp->parsed()           ? report_tp
+                      : ph->parsed()         ? report_ph
+                      : ps->parsed()         ? report_ps
+                      : edges->parsed()      ? report_edges
+                      : limits->parsed()     ? report_limits
+                      : exceptions->parsed() ? report_exceptions
+                                             : report_cycle;
   return report(options) ? 0 : 1;
 }
 
