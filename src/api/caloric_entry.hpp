@@ -146,9 +146,7 @@ struct CaloricSolution {
   bool served = true;  ///< by an element: not lost, nor beyond the elements
 };
 
-/// The largest number of evaluations after which a result counts as converged, and the number that
-/// ends the loop.
-inline constexpr std::int32_t last_accepted_evaluation = 14;
+/// The number of evaluations that ends an iteration which has not met its target.
 inline constexpr std::int32_t last_evaluation = 16;
 
 /// One Newton step, to be subtracted; for one state or for lanes. By Cramer's rule, which divides
@@ -283,7 +281,7 @@ void finish_caloric(const CaloricStart& start, const double pres, const double c
   }
   const CaloricTarget target = caloric_target(pres, caloric);
   const CaloricSolution s = solve_caloric<Caloric>(target, start.element, start.temp, start.dens);
-  if (s.evaluations > last_accepted_evaluation) ierr = judge_late_result(s, target, codes);
+  if (s.evaluations == last_evaluation) ierr = judge_late_result(s, target, codes);
   if (ierr > 0 || !s.served || !(s.temp >= temp_min && s.temp <= temp_max) ||
       !has_phase(pres, s.temp, s.dens)) {
     return fail(code_outside<Caloric>(pres, caloric, s.temp), ierr, out);
