@@ -4,8 +4,9 @@
 
 #include "numbers/platform.hpp"
 
+#include "tests/support/digest.hpp"
+
 #include <cinttypes>
-#include <cmath>
 #include <cstdint>
 #include <cstdio>
 #include <vector>
@@ -18,27 +19,13 @@ namespace {
 
 constexpr std::size_t state_count = 40001;  // the last vector is not full
 
-class Draws {
- public:
-  double uniform(const double lo, const double hi) {
-    state_ = state_ * 6364136223846793005U + 1442695040888963407U;
-    return lo + (hi - lo) * (static_cast<double>(state_ >> 11) * 0x1p-53);
-  }
-
- private:
-  std::uint64_t state_ = 1;
-};
-
 /// Numbers between `lo` and `hi`, or between these powers of two.
 struct Range {
   double lo, hi;
   bool by_magnitude = false;
 
-  double draw(Draws& draws) const {
-    if (!by_magnitude) return draws.uniform(lo, hi);
-    const double exponent = draws.uniform(lo, hi);
-    return std::ldexp(1.0 + (exponent - std::floor(exponent)),
-                      static_cast<int>(std::floor(exponent)));
+  double draw(test::Draws& draws) const {
+    return by_magnitude ? draws.magnitude(lo, hi) : draws.uniform(lo, hi);
   }
 };
 
@@ -59,26 +46,10 @@ constexpr Entry entries[] = {
     {"co2_ps", &BatchEntries::ps, pressures, {0.4, 5.0}, critical_pressures, {1.2, 1.7}},
 };
 
-/// FNV-1a, 64 bits.
-class Digest {
- public:
-  template <class T>
-  void add(const std::vector<T>& numbers) {
-    const auto* const bytes = reinterpret_cast<const unsigned char*>(numbers.data());
-    for (std::size_t k = 0; k < numbers.size() * sizeof(T); ++k) {
-      value_ = (value_ ^ bytes[k]) * 1099511628211U;
-    }
-  }
-  [[nodiscard]] std::uint64_t value() const { return value_; }
-
- private:
-  std::uint64_t value_ = 14695981039346656037U;
-};
-
 void print(const Entry& entry, const char* form, const BatchEntries& level) {
   std::vector<double> first(state_count);
   std::vector<double> second(state_count);
-  Draws draws;
+  test::Draws draws;
   for (std::size_t i = 0; i < state_count; ++i) {
     const bool critical = i % 4 == 0;
     first[i] = (critical ? entry.first_critical : entry.first).draw(draws);
@@ -91,9 +62,11 @@ void print(const Entry& entry, const char* form, const BatchEntries& level) {
   BatchOutputSet out = {v[0],  v[1],  v[2],  v[3],  v[4],  v[5],  v[6],  v[7],  v[8], v[9],
                         v[10], v[11], v[12], v[13], v[14], v[15], v[16], v[17], v[18]};
   (level.*entry.run)({first, second, ierr, out});
-  Digest digest;
-  digest.add(ierr);
-  for (const auto& numbers : values) digest.add(numbers);
+  test::Digest digest;
+  for (const std::int32_t code : ierr) digest.add(code);
+  for (const auto& numbers : values) {
+    for (const double number : numbers) digest.add(number);
+  }
   std::printf("%s %-8s %016" PRIx64 "\n", entry.name, form, digest.value());
 }
 
