@@ -5,6 +5,7 @@
 #include <array>
 #include <cfenv>
 #include <cmath>
+#include <ostream>
 #include <random>
 #include <span>
 #include <type_traits>
@@ -124,6 +125,7 @@ struct Level {
   const BatchEntries* entries;  ///< null where the compiler does not know it
   bool here;                    ///< whether this machine does
 };
+void PrintTo(const Level& level, std::ostream* const stream) { *stream << level.name; }
 std::array<Level, 3> levels() {
 #if defined(__x86_64__) && defined(__GNUC__)
   const bool avx2 = __builtin_cpu_supports("avx2") != 0;
@@ -295,11 +297,15 @@ TEST(Batch, RaisesNoInvalidOperationForWhatIsNotUsed) {
   struct Case {
     const Entry& entry;
     double first, second;
-    std::int32_t ierr;
+    bool is_error;
     const char* why;
   };
   const Case cases[] = {
-      {test::ps, 7377.5372075565047, 1.4237040658699698, 0, "critical point"},
+      {test::ps, 7377.5372075565047, 1.4237040658699698, false, "critical point"},
+      {test::td, 1028.0, 780.0, true, "pressure too high"},
+      {test::td, 1400.0, 1700.0, true, "denser than all elements"},
+      {test::ph, 33000.0, -160.0, true, "an iterate in extrapolated liquid"},
+      {test::ps, 32800.0, 4.85, true, "an iterate in extrapolated gas"},
   };
   for (const Case& c : cases) {
     const std::vector<double> first(16, c.first);
@@ -309,7 +315,7 @@ TEST(Batch, RaisesNoInvalidOperationForWhatIsNotUsed) {
     std::feclearexcept(FE_ALL_EXCEPT);
     ASSERT_TRUE(c.entry.batch(first, second, ierr, {.ssnd = ssnd}));
     EXPECT_EQ(std::fetestexcept(FE_INVALID | FE_DIVBYZERO | FE_OVERFLOW), 0) << c.why;
-    EXPECT_EQ(ierr[15], c.ierr) << c.why;
+    EXPECT_EQ(ierr[15] > 0, c.is_error) << c.why;
   }
 }
 

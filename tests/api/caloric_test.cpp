@@ -1,14 +1,13 @@
-// co2_ph and co2_ps: one procedure for two properties, so that most claims are made of both.
+// co2_ph and co2_ps: one procedure for two properties, so that most claims are made of both. Round
+// trips over the whole range are those of tools/solver_report, which tests/CMakeLists.txt runs.
 
 #include <gtest/gtest.h>
 
-#include <cfenv>
 #include <cmath>
 #include <random>
 
 #include "api/caloric_properties.hpp"
 #include "tests/support/bits.hpp"
-#include "tests/support/csv.hpp"
 #include "tests/support/entries.hpp"
 #include "tests/support/tolerance.hpp"
 
@@ -95,7 +94,35 @@ TEST(Caloric, JudgesLateResults) {
   }
 }
 
-// From starts near and far the solver either meets the target in time or runs to its limit.
+/// Has the solver evaluate a target that element `expected` meets at once, from the element
+/// `first`.
+void expect_element(const std::int32_t first, const std::int32_t expected, const double temp,
+                    const double dens) {
+  const HelmholtzDerivatives d = element_derivatives(expected, temp, dens);
+  const CaloricTarget target = caloric_target(pressure(d, dens), enthalpy(d, temp, dens));
+  const CaloricSolution s = solve_caloric<Enthalpy>(target, first, temp, dens);
+  EXPECT_TRUE(s.element == expected && s.evaluations == 1)
+      << temp << " K " << dens << " kg/m3: element " << s.element << " for " << expected;
+}
+
+// Iterates keep their element up to 0.01 K or kg/m3 outside it, on all four sides.
+TEST(Caloric, IteratesKeepTheirElementUpToTheMargin) {
+  const std::int32_t e = sc_index_from_td(350.0, 320.0);
+  const Element& cell = element(e);
+  const double temp = cell.temp0 + 0.5 * cell.temp_width;
+  const double dens = cell.dens0 + 0.5 * cell.dens_width;
+  for (const double off : {0.0099, 0.0101}) {
+    for (const double t : {cell.temp0 - off, cell.temp0 + cell.temp_width + off}) {
+      expect_element(e, off < 0.01 ? e : relocate(t, dens), t, dens);
+    }
+    for (const double d : {cell.dens0 - off, cell.dens0 + cell.dens_width + off}) {
+      expect_element(e, off < 0.01 ? e : relocate(temp, d), temp, d);
+    }
+  }
+}
+
+// From starts near and far the solver either meets the target in time or runs to its limit. What
+// leaves there is evaluated once more, since the last step moved it.
 TEST(Caloric, SolverMeetsTheTargetOrRunsToItsLimit) {
   std::mt19937_64 engine(3);
   std::uniform_real_distribution<double> in_temp(240.0, 1500.0);
@@ -105,19 +132,27 @@ TEST(Caloric, SolverMeetsTheTargetOrRunsToItsLimit) {
     const double temp = in_temp(engine);
     const double dens = in_dens(engine);
     const HelmholtzDerivatives d = element_derivatives(relocate(temp, dens), temp, dens);
-    const CaloricTarget target = caloric_target(pressure(d, dens), enthalpy(d, temp, dens));
+    // Every tenth target cannot be met: no rounding is as small.
+    CaloricTarget target = caloric_target(pressure(d, dens), enthalpy(d, temp, dens));
+    if (sample % 10 == 0) target.pres_tolerance = 0.0;
     const auto first = static_cast<std::int32_t>(1 + engine() % 649);
     const CaloricSolution s =
         solve_caloric<Enthalpy>(target, first, in_temp(engine), in_dens(engine));
     ASSERT_TRUE(s.evaluations >= 1 && s.evaluations <= 16) << s.evaluations;
-    if (s.evaluations == 16) {
+    if (s.evaluations < 16) {
+      ASSERT_LT(std::abs(pressure(s.d, s.dens) - target.pres), target.pres_tolerance);
+      ASSERT_LT(std::abs(enthalpy(s.d, s.temp, s.dens) - target.caloric), target.caloric_tolerance);
+    } else if (s.temp > 100.0 && s.temp < 3000.0 && s.dens > 0.01 && s.dens < 2000.0) {
       ++late;
-      continue;
+      const HelmholtzDerivatives last = element_derivatives(s.element, s.temp, s.dens);
+      ASSERT_EQ(bits(s.d.a_d), bits(last.a_d)) << s.temp << " K " << s.dens;
+      const Element& cell = element(s.element);
+      ASSERT_TRUE((keeps_element(s.temp - cell.temp0, cell.temp_width) &&
+                   keeps_element(s.dens - cell.dens0, cell.dens_width)) ||
+                  s.element == relocate(s.temp, s.dens));
     }
-    ASSERT_NEAR(pressure(s.d, s.dens), target.pres, 1e-11 * target.pres);
-    ASSERT_NEAR(enthalpy(s.d, s.temp, s.dens), target.caloric, target.caloric_tolerance);
   }
-  EXPECT_GT(late, 100) << "or else the limit was not tried";
+  EXPECT_GT(late, 1000) << "or else the limit was not tried";
   EXPECT_EQ(caloric_target(2.0, -300.0).caloric_tolerance, 1e-11 * 300.0);
   EXPECT_EQ(caloric_target(2.0, -0.3).caloric_tolerance, 1e-11) << "zero is an arbitrary point";
 }
@@ -126,13 +161,12 @@ TEST(Caloric, SolverMeetsTheTargetOrRunsToItsLimit) {
 
 struct Phases {
   double temp;
-  SaturatedPhase liq, vap;
+  Result liq, vap;
 };
 
 Phases phases_at(const double pres) {
   const double temp = calc_sat_temp(pres);
-  return {temp, saturated_liquid(temp, calc_sat_liq_dens(temp)),
-          saturated_vapour(temp, calc_sat_vap_dens(temp))};
+  return {temp, td(temp, calc_sat_liq_dens(temp)), td(temp, calc_sat_vap_dens(temp))};
 }
 
 constexpr double dome_pressures[] = {1290.0, 2000.0, 3500.0, 6500.0, 7200.0, 7370.0};
@@ -141,8 +175,8 @@ TEST(Caloric, MixtureLiesBetweenItsPhases) {
   for (const Entry* const entry : caloric_entries) {
     for (const double pres : dome_pressures) {
       const auto [temp, liq, vap] = phases_at(pres);
-      const double x_liq = value(*entry, liq.d, temp, liq.dens);
-      const double x_vap = value(*entry, vap.d, temp, vap.dens);
+      const double x_liq = liq[entry->inputs[1]];
+      const double x_vap = vap[entry->inputs[1]];
       for (const double fraction : {1e-6, 0.3, 0.9}) {
         SCOPED_TRACE(testing::Message() << entry->name << ' ' << pres << " kPa, " << fraction);
         const double x = x_liq + fraction * (x_vap - x_liq);
@@ -150,31 +184,15 @@ TEST(Caloric, MixtureLiesBetweenItsPhases) {
         const double qual = (x - x_liq) / (x_vap - x_liq);
         EXPECT_EQ(r.ierr, -entry->base - 1);
         EXPECT_EQ(bits(r[test::temp]), bits(temp));
-        EXPECT_EQ(bits(r[test::pres]), bits(pressure(vap.d, vap.dens))) << "not the given one";
+        EXPECT_EQ(bits(r[test::pres]), bits(vap[test::pres])) << "not the given one";
         EXPECT_EQ(bits(r[test::qual]), bits(qual));
         EXPECT_EQ(bits(r[test::svol]), bits(1.0 / r[test::dens]));
-        const auto expect_mixed = [&](const test::Output k, const double of_liq,
-                                      const double of_vap) {
-          EXPECT_NEAR(r[k], of_liq + qual * (of_vap - of_liq),
-                      test::tolerance::rounding * (std::abs(of_liq) + std::abs(of_vap)))
+        for (const test::Output k :
+             {test::svol, test::inte, test::enth, test::entr, test::visc, test::cond}) {
+          const bool has_none = entry == &test::ps && (k == test::visc || k == test::cond);
+          EXPECT_NEAR(r[k], has_none ? 0.0 : liq[k] + qual * (vap[k] - liq[k]),
+                      test::tolerance::rounding * (std::abs(liq[k]) + std::abs(vap[k])))
               << test::output_names[k];
-        };
-        expect_mixed(test::svol, 1.0 / liq.dens, 1.0 / vap.dens);
-        expect_mixed(test::inte, internal_energy(liq.d, temp), internal_energy(vap.d, temp));
-        expect_mixed(test::enth, enthalpy(liq.d, temp, liq.dens), enthalpy(vap.d, temp, vap.dens));
-        expect_mixed(test::entr, entropy(liq.d), entropy(vap.d));
-        if (entry->inputs[1] == test::enth) {
-          double of_liq = 0.0;
-          double of_vap = 0.0;
-          calculate_visc(liq.dens, temp, of_liq);
-          calculate_visc(vap.dens, temp, of_vap);
-          expect_mixed(test::visc, of_liq, of_vap);
-          calculate_cond(liq.dens, temp, of_liq);
-          calculate_cond(vap.dens, temp, of_vap);
-          expect_mixed(test::cond, of_liq, of_vap);
-        } else {
-          EXPECT_EQ(bits(r[test::visc]), 0U);
-          EXPECT_EQ(bits(r[test::cond]), 0U);
         }
         for (const test::Output k : {test::cv, test::cp, test::ssnd, test::dpdd, test::dpdt,
                                      test::dhdd, test::dhdt, test::dsdd, test::dsdt}) {
@@ -189,19 +207,19 @@ TEST(Caloric, SaturatedStatesAreSinglePhase) {
   for (const Entry* const entry : caloric_entries) {
     for (const double pres : dome_pressures) {
       const auto [temp, liq, vap] = phases_at(pres);
-      const double x_liq = value(*entry, liq.d, temp, liq.dens);
-      const double x_vap = value(*entry, vap.d, temp, vap.dens);
+      const double x_liq = liq[entry->inputs[1]];
+      const double x_vap = vap[entry->inputs[1]];
       struct Case {
         double x, dens;
         bool mixture;
         const char* why;
       };
-      const Case cases[] = {{x_vap, vap.dens, false, "saturated vapour"},
-                            {next_below(x_vap), vap.dens, true, "just inside"},
-                            {next_above(x_vap), vap.dens, false, "just outside"},
-                            {x_liq, liq.dens, false, "saturated liquid"},
-                            {next_above(x_liq), liq.dens, true, "just inside"},
-                            {next_below(x_liq), liq.dens, false, "just outside"}};
+      const Case cases[] = {{x_vap, vap[test::dens], false, "saturated vapour"},
+                            {next_below(x_vap), vap[test::dens], true, "just inside"},
+                            {next_above(x_vap), vap[test::dens], false, "just outside"},
+                            {x_liq, liq[test::dens], false, "saturated liquid"},
+                            {next_above(x_liq), liq[test::dens], true, "just inside"},
+                            {next_below(x_liq), liq[test::dens], false, "just outside"}};
       for (const Case& c : cases) {
         SCOPED_TRACE(testing::Message() << entry->name << ' ' << pres << " kPa: " << c.why);
         const Result r = (*entry)(pres, c.x);
@@ -210,174 +228,6 @@ TEST(Caloric, SaturatedStatesAreSinglePhase) {
         // The fits of saturation temperature and densities agree to 1e-5 up to here.
         if (pres <= 6500.0) {
           EXPECT_NEAR(r[test::dens], c.dens, 1e-4 * c.dens);
-        }
-      }
-    }
-  }
-}
-
-// ---- Round trips -------------------------------------------------------------------------------
-
-/// Whether the iteration cannot end in a neighbouring element, whose enthalpy and entropy differ by
-/// the errors of the fits: iterates keep their element up to the margin outside it.
-bool off_the_edges(const double temp, const double dens) {
-  const Element& e = element(relocate(temp, dens));
-  const double dt = temp - e.temp0;
-  const double dr = dens - e.dens0;
-  constexpr double off = 1.01 * element_margin;
-  return dt > off && dt < e.temp_width - off && dr > off && dr < e.dens_width - off;
-}
-
-// td -> tp -> ph -> ps -> td, each entry fed with what the one before returned. Each stops within
-// 1e-11 of its inputs, and that is what the bounds amount to; next to an edge of the elements they
-// amount to the difference between two fits.
-TEST(Caloric, TheFourEntriesLeadAroundToTheSameState) {
-  std::mt19937_64 engine(4);
-  std::uniform_real_distribution<double> unit(0.0, 1.0);
-  test::WorstError firm, pres, enth, entr, at_edges, dens_of_tp;
-  int count = 0;
-  while (count < 60000) {
-    const double temp =
-        engine() % 2 == 0 ? 240.0 + 1260.0 * unit(engine) : 240.0 + 80.0 * unit(engine);
-    const double dens =
-        engine() % 2 == 0 ? 0.0036 * std::pow(350000.0, unit(engine)) : 1260.0 * unit(engine);
-    const Result given = td(temp, dens);
-    if (given.ierr != 0 || std::abs(temp - 304.1282) < 0.1) continue;
-    // Close to saturation the fits of its pressure and temperature decide on the phase.
-    if (temp < 304.1282 && std::abs(given[test::pres] / calc_sat_pres(temp) - 1.0) < 1e-5) continue;
-    ++count;
-    const Result tp = test::tp(temp, given[test::pres]);
-    const Result ph = test::ph(tp[test::pres], tp[test::enth]);
-    const Result ps = test::ps(ph[test::pres], ph[test::entr]);
-    const Result end = td(ps[test::temp], ps[test::dens]);
-    SCOPED_TRACE(testing::Message() << temp << " K " << dens << " kg/m3");
-    ASSERT_TRUE(tp.ierr == 0 && ph.ierr == 0 && ps.ierr == 0 && end.ierr == 0);
-    // At a given temperature the pressure is met wherever the isotherm is not flat.
-    if (temp < 303.5 || temp > 305.0 || dens < 380.0 || dens > 560.0) {
-      dens_of_tp.note(std::abs(tp[test::dens] / dens - 1.0), temp, dens);
-    }
-    const double error =
-        std::max(std::abs(ps[test::temp] / temp - 1.0), std::abs(ps[test::dens] / dens - 1.0));
-    if (!off_the_edges(temp, dens)) {
-      at_edges.note(error, temp, dens);
-      continue;
-    }
-    const auto off = [&](const test::Output k) {
-      return std::abs(end[k] - given[k]) / std::max(1.0, std::abs(given[k]));
-    };
-    pres.note(std::abs(end[test::pres] / given[test::pres] - 1.0), temp, dens);
-    enth.note(off(test::enth), temp, dens);
-    entr.note(off(test::entr), temp, dens);
-    if (dens * given[test::dpdd] > 10.0) firm.note(error, temp, dens);
-  }
-  EXPECT_LT(pres.error, 6e-11) << pres.x << " K " << pres.y;
-  EXPECT_LT(enth.error, 9e-11) << enth.x << " K " << enth.y;
-  EXPECT_LT(entr.error, 4e-11) << entr.x << " K " << entr.y;
-  EXPECT_LT(firm.error, 1.2e-10) << firm.x << " K " << firm.y;
-  EXPECT_LT(dens_of_tp.error, 1e-9) << dens_of_tp.x << " K " << dens_of_tp.y;
-  EXPECT_LT(at_edges.error, 3e-7) << at_edges.x << " K " << at_edges.y;
-}
-
-// Around the critical point: always a result, and as good as the slope of the isotherm allows.
-TEST(Caloric, CriticalStatesAreSolved) {
-  std::mt19937_64 engine(5);
-  std::uniform_real_distribution<double> in_temp(303.5, 305.0);
-  std::uniform_real_distribution<double> in_dens(380.0, 560.0);
-  for (const Entry* const entry : caloric_entries) {
-    test::WorstError pres, caloric, firm;
-    for (int count = 0; count < 100000; ++count) {
-      const double temp = in_temp(engine);
-      const double dens = in_dens(engine);
-      const Result given = td(temp, dens);
-      if (is_mixture(given)) continue;
-      const Result r = (*entry)(given[test::pres], given[entry->inputs[1]]);
-      SCOPED_TRACE(testing::Message() << entry->name << ' ' << temp << " K " << dens << " kg/m3");
-      // Next to saturation it may be taken for a mixture that is all vapour or all liquid.
-      if (is_mixture(r) && temp < 304.1282) {
-        ASSERT_LT(std::min(std::abs(r[test::qual]), std::abs(r[test::qual] - 1.0)), 0.01);
-        continue;
-      }
-      ASSERT_EQ(r.ierr, 0);
-      pres.note(std::abs(r[test::pres] / given[test::pres] - 1.0), temp, dens);
-      caloric.note(std::abs(r[entry->inputs[1]] / given[entry->inputs[1]] - 1.0), temp, dens);
-      if (dens * given[test::dpdd] > 10.0 && off_the_edges(temp, dens)) {
-        firm.note(std::abs(r[test::temp] / temp - 1.0), temp, dens);
-        firm.note(std::abs(r[test::dens] / dens - 1.0), temp, dens);
-      }
-    }
-    EXPECT_LT(pres.error, 1.1e-11) << pres.x << " K " << pres.y;
-    EXPECT_LT(caloric.error, 1.1e-11) << caloric.x << " K " << caloric.y;
-    EXPECT_LT(firm.error, 1.2e-10) << firm.x << " K " << firm.y;
-  }
-}
-
-TEST(Caloric, PhasesComeBackUpToTheFitsOfSaturation) {
-  std::mt19937_64 engine(6);
-  std::uniform_real_distribution<double> in_temp(240.0, 303.5);
-  std::uniform_real_distribution<double> unit(0.0, 1.0);
-  for (const Entry* const entry : caloric_entries) {
-    test::WorstError qual;
-    for (int count = 0; count < 30000; ++count) {
-      const double temp = in_temp(engine);
-      const double liq = calc_sat_liq_dens(temp);
-      const double vap = calc_sat_vap_dens(temp);
-      // Qualities from a tenth below liquid to a tenth above vapour.
-      const double fraction = 1.2 * unit(engine) - 0.1;
-      const double dens = 1.0 / (fraction / vap + (1.0 - fraction) / liq);
-      const Result given = td(temp, dens);
-      if (!(dens > 0.0) || given.ierr > 0) continue;
-      const Result r = (*entry)(given[test::pres], given[entry->inputs[1]]);
-      SCOPED_TRACE(testing::Message() << entry->name << ' ' << temp << " K, quality " << fraction);
-      ASSERT_TRUE(r.ierr == 0 || r.ierr == -entry->base - 1);
-      if (std::min(std::abs(fraction), std::abs(fraction - 1.0)) > 1e-4) {
-        ASSERT_EQ(is_mixture(r), is_mixture(given));
-      }
-      qual.note(std::abs(r[test::qual] - given[test::qual]), temp, dens);
-    }
-    EXPECT_LT(qual.error, 4e-5) << qual.x << " K " << qual.y;
-  }
-}
-
-// Hosts may trap invalid operations. Below 60 kPa the extrapolated saturation line ends.
-TEST(Caloric, ThinVapourRaisesNoInvalidOperation) {
-  for (double pres = 1.0; pres < 1000.0; pres *= 1.07) {
-    double enth = 0.0;
-    double entr = 0.0;
-    std::int32_t ierr = 77;
-    co2_tp(245.0, pres, ierr, {.enth = &enth, .entr = &entr});
-    ASSERT_EQ(ierr, status::success) << pres;
-    double temp = 0.0;
-    std::feclearexcept(FE_ALL_EXCEPT);
-    co2_ph(pres, enth, ierr, {.temp = &temp});
-    co2_ps(pres, entr, ierr, {.temp = &temp});
-    EXPECT_EQ(std::fetestexcept(FE_INVALID | FE_DIVBYZERO | FE_OVERFLOW), 0) << pres << " kPa";
-  }
-}
-
-// Beyond the range an extrapolated polynomial may meet the inputs where no fluid is. What is
-// returned without a warning has to be a state.
-TEST(Caloric, InputsFarBeyondTheRangeGiveNoStatesOfNoFluid) {
-  constexpr double pressures[] = {1.0, 60.0, 1290.0, 7000.0, 20000.0, 50000.0, 100000.0};
-  constexpr int steps = 20000;
-  for (const Entry* const entry : caloric_entries) {
-    SCOPED_TRACE(entry->name);
-    for (const double pres : pressures) {
-      double coldest = 0.0;
-      double hottest = 0.0;
-      std::int32_t ierr = 0;
-      OutputSet caloric;
-      (entry->inputs[1] == test::enth ? caloric.enth : caloric.entr) = &coldest;
-      co2_tp(240.0, pres, ierr, caloric);
-      (entry->inputs[1] == test::enth ? caloric.enth : caloric.entr) = &hottest;
-      co2_tp(1500.0, pres, ierr, caloric);
-      for (int k = 1; k <= steps; ++k) {
-        const double beyond = 3.0 * (hottest - coldest) * k / steps;
-        for (const double x : {coldest - beyond, hottest + beyond}) {
-          const Result r = (*entry)(pres, x);
-          const double qual = r[test::qual];
-          if (r.ierr != 0 || (qual > 0.0 && qual < 1.0)) continue;
-          EXPECT_TRUE(r[test::cp] > 0.0 && r[test::ssnd] > 0.0 && r[test::dens] < 1300.0)
-              << pres << " kPa, " << x << ": " << r[test::temp] << " K " << r[test::dens];
         }
       }
     }

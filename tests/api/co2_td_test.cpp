@@ -8,7 +8,6 @@
 #include "tests/support/bits.hpp"
 #include "tests/support/csv.hpp"
 #include "tests/support/entries.hpp"
-#include "tests/support/tolerance.hpp"
 
 namespace co2_properties {
 namespace {
@@ -56,34 +55,6 @@ TEST(Td, DecidesThePhaseByTheSaturatedDensities) {
   }
 }
 
-TEST(Td, MixtureObeysTheLeverRule) {
-  for (const double temp : {240.0, 270.0, 299.75, 302.0, 304.0}) {
-    const double liq = calc_sat_liq_dens(temp);
-    const double vap = calc_sat_vap_dens(temp);
-    const Result left = td(temp, vap);
-    const Result right = td(temp, liq);
-    EXPECT_EQ(left[test::qual], 1.0);
-    EXPECT_EQ(right[test::qual], 0.0);
-    for (const double fraction : {0.001, 0.3, 0.9, 0.999}) {
-      SCOPED_TRACE(testing::Message() << temp << " K, " << fraction);
-      const double volume = fraction / vap + (1.0 - fraction) / liq;
-      const Result r = td(temp, 1.0 / volume);
-      EXPECT_NEAR(r[test::qual], fraction, 1e-13 * liq / (liq - vap));
-      EXPECT_NEAR(r[test::svol], volume, test::tolerance::rounding * volume);
-      for (const test::Output k : {test::inte, test::enth, test::entr}) {
-        const double expected = fraction * left[k] + (1.0 - fraction) * right[k];
-        EXPECT_NEAR(r[k], expected, 1e-13 * (std::abs(left[k]) + std::abs(right[k])))
-            << test::output_names[k];
-      }
-      for (const test::Output k :
-           {test::cv, test::cp, test::ssnd, test::visc, test::cond, test::dpdd, test::dpdt,
-            test::dhdd, test::dhdt, test::dsdd, test::dsdt}) {
-        EXPECT_EQ(bits(r[k]), 0U) << test::output_names[k];
-      }
-    }
-  }
-}
-
 // Mixtures of the saturated states of Span & Wagner (1996), tests/data/README.md, up to 301 K;
 // above it the fits of the saturated densities dominate. The zero of u, h and s differs by a
 // constant.
@@ -95,6 +66,10 @@ TEST(Td, MixturesFollowTheReference) {
     const double dens = columns["rho"][k];
     if (temp > 301.0) continue;
     const Result r = td(temp, dens);
+    ASSERT_EQ(r.ierr, status::td_two_phase);
+    for (std::size_t i = test::cv; i < test::output_count; ++i) {
+      ASSERT_EQ(bits(r.out.value[i]), 0U) << test::output_names[i];
+    }
     pres.note(std::abs(r[test::pres] / columns["p"][k] - 1.0), temp, dens);
     qual.note(std::abs(r[test::qual] - columns["q"][k]), temp, dens);
     inte.note(std::abs(r[test::inte] - columns["u"][k] - 1.69e-6), temp, dens);
@@ -118,9 +93,8 @@ TEST(Td, NearCriticalFitsServeTheirBoxes) {
   };
   const Case cases[] = {
       {305.0, 450.0, true, true, true, "inside"},
-      {305.0, 360.0, true, false, true, "the box of cp starts later"},
       {305.0, 350.0, false, false, false, "bounds are strict"},
-      {305.0, next_above(350.0), true, false, true, "bounds are strict"},
+      {305.0, next_above(350.0), true, false, true, "the box of cp starts later"},
       {305.0, 380.0, true, false, true, "bounds are strict"},
       {305.0, next_above(380.0), true, true, true, "bounds are strict"},
       {305.0, 580.0, false, false, false, "bounds are strict"},
@@ -150,48 +124,6 @@ TEST(Td, NearCriticalFitsServeTheirBoxes) {
     EXPECT_EQ(r[test::ssnd], c.ssnd ? ssnd : ssnd_eos);
     // Or else the test could not tell the two apart.
     EXPECT_TRUE(cv != cv_eos && cp != cp_eos && ssnd != ssnd_eos);
-  }
-}
-
-TEST(Td, EveryOutputIsItsFormula) {
-  struct State {
-    double temp, dens;
-    const char* why;
-  };
-  for (const State& s : {State{250.0, 20.0, "vapour"}, State{270.0, 1000.0, "liquid"},
-                         State{700.0, 100.0, "supercritical"}}) {
-    const Result r = td(s.temp, s.dens);
-    const HelmholtzDerivatives d =
-        element_derivatives(expected_element(s.temp, s.dens), s.temp, s.dens);
-    double visc;
-    double cond;
-    calculate_visc(s.dens, s.temp, visc);
-    calculate_cond(s.dens, s.temp, cond);
-    const double liq = calc_sat_liq_dens(s.temp);
-    const double vap = calc_sat_vap_dens(s.temp);
-    const double lever = (liq - s.dens) * vap / ((liq - vap) * s.dens);
-    const double expected[] = {s.temp,
-                               pressure(d, s.dens),
-                               s.dens,
-                               1.0 / s.dens,
-                               s.temp < 304.1282 ? lever : 999.0,
-                               internal_energy(d, s.temp),
-                               enthalpy(d, s.temp, s.dens),
-                               entropy(d),
-                               isochoric_heat_capacity(d, s.temp),
-                               isobaric_heat_capacity(d, s.temp, s.dens),
-                               speed_of_sound(d, s.dens),
-                               visc,
-                               cond,
-                               dpdd(d, s.dens),
-                               dpdt(d, s.dens),
-                               dhdd(d, s.temp, s.dens),
-                               dhdt(d, s.temp, s.dens),
-                               dsdd(d),
-                               dsdt(d)};
-    for (std::size_t k = 0; k < test::output_count; ++k) {
-      EXPECT_EQ(bits(r.out.value[k]), bits(expected[k])) << s.why << ' ' << test::output_names[k];
-    }
   }
 }
 

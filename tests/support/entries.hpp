@@ -56,27 +56,17 @@ struct Entry {
 };
 inline constexpr Mask transport = mask_of(visc, cond);
 inline constexpr Mask capacities = mask_of(cv, cp, ssnd);
-inline constexpr Entry td = {"co2_td",      100,
-                             {temp, dens},  capacities | transport,
-                             co2_td,        co2_td,
-                             co2_td_batch,  &BatchEntries::td,
-                             ::co2_td,      ::co2_td_select,
-                             ::co2_td_batch};
-inline constexpr Entry tp = {"co2_tp",      200,
-                             {temp, pres},  capacities | transport,
-                             co2_tp,        co2_tp,
-                             co2_tp_batch,  &BatchEntries::tp,
-                             ::co2_tp,      ::co2_tp_select,
-                             ::co2_tp_batch};
-inline constexpr Entry ph = {
-    "co2_ph", 300,    {pres, enth}, capacities,  // it has transport properties of mixtures
-    co2_ph,   co2_ph, co2_ph_batch, &BatchEntries::ph, ::co2_ph, ::co2_ph_select, ::co2_ph_batch};
-inline constexpr Entry ps = {"co2_ps",      400,
-                             {pres, entr},  capacities | transport,
-                             co2_ps,        co2_ps,
-                             co2_ps_batch,  &BatchEntries::ps,
-                             ::co2_ps,      ::co2_ps_select,
-                             ::co2_ps_batch};
+#define CO2_TEST_FORMS(pair)                                                     \
+  co2_##pair, co2_##pair, co2_##pair##_batch, &BatchEntries::pair, ::co2_##pair, \
+      ::co2_##pair##_select, ::co2_##pair##_batch
+inline constexpr Entry td = {
+    "co2_td", 100, {temp, dens}, capacities | transport, CO2_TEST_FORMS(td)};
+inline constexpr Entry tp = {
+    "co2_tp", 200, {temp, pres}, capacities | transport, CO2_TEST_FORMS(tp)};
+// Mixtures of (p, h) have transport properties.
+inline constexpr Entry ph = {"co2_ph", 300, {pres, enth}, capacities, CO2_TEST_FORMS(ph)};
+inline constexpr Entry ps = {
+    "co2_ps", 400, {pres, entr}, capacities | transport, CO2_TEST_FORMS(ps)};
 inline constexpr const Entry* entries[] = {&td, &tp, &ph, &ps};
 inline constexpr const Entry* caloric_entries[] = {&ph, &ps};
 
