@@ -2,79 +2,55 @@
 // keeps, and by states that this test solves on its own from temperature and pressure.
 
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <map>
-#include <sstream>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "api/co2_properties.hpp"
+#include "tests/support/program.hpp"
 
 namespace co2_properties {
 namespace {
 
-struct Outcome {
-  int status = -1;
-  std::string out;
-  std::string err;
+using test::Outcome;
 
-  /// The number behind a name at the start of a line.
-  [[nodiscard]] double operator[](const std::string& name) const {
-    const std::size_t line = out.find("\n" + name);
-    if (line == std::string::npos) throw std::runtime_error("not printed: " + name);
-    return std::stod(out.substr(line + 1 + name.size()));
-  }
-};
+/// The number behind a name at the start of a line of what was printed.
+double printed(const Outcome& outcome, const std::string& name) {
+  const std::size_t line = outcome.out.find("\n" + name);
+  if (line == std::string::npos) throw std::runtime_error("not printed: " + name);
+  return std::stod(outcome.out.substr(line + 1 + name.size()));
+}
 
 struct Point {
   double flow, temp, pres, enth, entr, dens, cp, ssnd;
 };
+using Points = std::map<std::string, Point>;
 
 struct Station {
   double duty, hot, cold;
 };
 
-class Brayton : public testing::Test {
+class Brayton : public test::ProgramTest {
  protected:
-  Brayton() {
-    std::string name = std::filesystem::temp_directory_path() / "brayton_test_XXXXXX";
-    if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
-    folder_ = name;
-  }
-  ~Brayton() override { std::filesystem::remove_all(folder_); }
-
   [[nodiscard]] Outcome run(const std::string& options) const {
-    const std::string out = folder_ / "stdout";
-    const std::string err = folder_ / "stderr";
-    const std::string line = "cd '" + folder_.string() + "' && { '" BRAYTON_PROGRAM "' " + options +
-                             "; } >'" + out + "' 2>'" + err + "'";
-    const int status = std::system(line.c_str());
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, read(out), read(err)};
+    return shell("'" BRAYTON_PROGRAM "' " + options);
   }
-
   /// Rows of one of the program's files.
   [[nodiscard]] std::vector<std::vector<std::string>> rows(const std::string& name) const {
     std::vector<std::vector<std::string>> found;
-    std::istringstream file(read(folder_ / "csv" / name));
-    std::string line;
-    for (std::getline(file, line); std::getline(file, line);) {
-      std::string field;
-      std::vector<std::string>& row = found.emplace_back();
-      for (std::istringstream fields(line); std::getline(fields, field, ',');) row.push_back(field);
+    for (const std::string& line : test::split(read("csv/" + name), '\n')) {
+      found.push_back(test::split(line, ','));
     }
+    found.erase(found.begin());
     return found;
   }
-  [[nodiscard]] std::map<std::string, Point> points() const {
-    std::map<std::string, Point> found;
+  [[nodiscard]] Points points() const {
+    Points found;
     for (const auto& row : rows("states.csv")) {
       const auto number = [&row](const std::size_t i) { return std::stod(row.at(i)); };
       found[row.at(0)] = {number(2), number(3), number(4), number(5),
@@ -82,22 +58,14 @@ class Brayton : public testing::Test {
     }
     return found;
   }
-  [[nodiscard]] std::map<std::string, std::vector<Station>> profiles() const {
-    std::map<std::string, std::vector<Station>> found;
+  [[nodiscard]] std::vector<Station> profile(const std::string& recuperator) const {
+    std::vector<Station> found;
     for (const auto& row : rows("recuperators.csv")) {
-      found[row.at(0)].push_back(
-          {std::stod(row.at(1)), std::stod(row.at(2)), std::stod(row.at(3))});
+      if (row.at(0) != recuperator) continue;
+      found.push_back({std::stod(row.at(1)), std::stod(row.at(2)), std::stod(row.at(3))});
     }
     return found;
   }
-
- private:
-  [[nodiscard]] static std::string read(const std::filesystem::path& path) {
-    std::ifstream file(path);
-    return {std::istreambuf_iterator<char>(file), {}};
-  }
-
-  std::filesystem::path folder_;
 };
 
 struct Cycle {
@@ -127,122 +95,112 @@ const Cycle cycles[] = {
      0.1},
 };
 
-TEST_F(Brayton, BalancesCloseWithStatesOfTemperatureAndPressure) {
+void expect_closed_balances(const Outcome& outcome, Points& p) {
+  ASSERT_EQ(p.size(), 13U);
+
+  // Both routes give one state, to the solvers' 1e-11. None of these points lies so close to an
+  // edge (0.01 K or kg/m3) that the routes could end in different elements.
+  std::map<std::string, double> h;
+  for (const auto& [name, point] : p) {
+    std::int32_t ierr = 0;
+    double entr = 0.0, dens = 0.0, cp = 0.0, ssnd = 0.0;
+    co2_tp(point.temp, point.pres, ierr,
+           {.dens = &dens, .enth = &h[name], .entr = &entr, .cp = &cp, .ssnd = &ssnd});
+    ASSERT_EQ(ierr, 0) << name;
+    EXPECT_NEAR(point.enth, h[name], 1e-8) << name;
+    EXPECT_NEAR(point.entr, entr, 1e-10) << name;
+    EXPECT_NEAR(point.dens, dens, 1e-9 * dens) << name;
+    EXPECT_NEAR(point.cp, cp, 1e-8 * cp) << name;
+    EXPECT_NEAR(point.ssnd, ssnd, 1e-8 * ssnd) << name;
+  }
+
+  const double x = p["1"].flow;
+  const double heat_in = h["7"] - h["6"];
+  const double work = h["7"] - h["8"] - x * (h["2"] - h["1"]) - (1.0 - x) * (h["4"] - h["10"]);
+  const double tolerance = 1e-9 * heat_in;
+  EXPECT_NEAR(heat_in, work + x * (h["10"] - h["1"]), tolerance) << "whole cycle";
+  EXPECT_NEAR(x * (h["3"] - h["2"]), h["9"] - h["10"], tolerance) << "low-temperature recuperator";
+  EXPECT_NEAR(h["6"] - h["5"], h["8"] - h["9"], tolerance) << "high-temperature recuperator";
+  EXPECT_NEAR(x * h["3"] + (1.0 - x) * h["4"], h["5"], tolerance) << "mixing";
+
+  // Printed with four decimals.
+  EXPECT_NEAR(printed(outcome, "split fraction"), x, 6e-5);
+  EXPECT_NEAR(printed(outcome, "heat input"), heat_in, 6e-5);
+  EXPECT_NEAR(printed(outcome, "net work"), work, 6e-5);
+  EXPECT_NEAR(printed(outcome, "thermal efficiency"), 100.0 * work / heat_in, 6e-5);
+  EXPECT_LT(printed(outcome, "energy balance open by"), 1e-9);
+}
+
+void expect_second_law(const Cycle& c, Points& p) {
+  EXPECT_NEAR(p["2s"].entr, p["1"].entr, 1e-10);
+  EXPECT_NEAR(p["4s"].entr, p["10"].entr, 1e-10);
+  EXPECT_NEAR(p["8s"].entr, p["7"].entr, 1e-10);
+  EXPECT_NEAR((p["2s"].enth - p["1"].enth) / (p["2"].enth - p["1"].enth), c.machines[0], 1e-8);
+  EXPECT_NEAR((p["4s"].enth - p["10"].enth) / (p["4"].enth - p["10"].enth), c.machines[1], 1e-8);
+  EXPECT_NEAR((p["7"].enth - p["8"].enth) / (p["7"].enth - p["8s"].enth), c.machines[2], 1e-8);
+
+  const double x = p["1"].flow;
+  const double main = x * (p["2"].entr - p["1"].entr);
+  const double recompressor = (1.0 - x) * (p["4"].entr - p["10"].entr);
+  const double turbine = p["8"].entr - p["7"].entr;
+  const double low = x * (p["3"].entr - p["2"].entr) + p["10"].entr - p["9"].entr;
+  const double mixing = p["5"].entr - x * p["3"].entr - (1.0 - x) * p["4"].entr;
+  const double high = p["6"].entr - p["5"].entr + p["9"].entr - p["8"].entr;
+  for (const double produced : {main, recompressor, turbine, low, mixing, high}) {
+    EXPECT_GT(produced, -1e-10);
+  }
+  const double efficiency = 1.0 - x * (p["10"].enth - p["1"].enth) / (p["7"].enth - p["6"].enth);
+  EXPECT_LT(efficiency, 1.0 - p["1"].temp / p["7"].temp);
+}
+
+struct Sides {
+  const char* name;
+  const char *hot_in, *hot_out, *cold_in, *cold_out;
+};
+
+/// Also between the stations of the profile.
+void expect_pinch(const Sides& sides, const double pinch, const std::vector<Station>& profile,
+                  Points& p) {
+  ASSERT_GE(profile.size(), 50U);
+  EXPECT_NEAR(profile.front().hot, p[sides.hot_out].temp, 1e-6);
+  EXPECT_NEAR(profile.front().cold, p[sides.cold_in].temp, 1e-6);
+  EXPECT_NEAR(profile.back().hot, p[sides.hot_in].temp, 1e-6);
+  EXPECT_NEAR(profile.back().cold, p[sides.cold_out].temp, 1e-6);
+
+  double smallest = 1e300;
+  for (const Station& s : profile) smallest = std::min(smallest, s.hot - s.cold);
+  EXPECT_NEAR(smallest, pinch, 1e-6);
+
+  // The balance from the cold end on, at far more stations.
+  const Point& hot = p[sides.hot_out];
+  const Point& cold = p[sides.cold_in];
+  const double duty = profile.back().duty;
+  constexpr int steps = 1000;
+  for (int i = 0; i <= steps; ++i) {
+    const double passed = duty * i / steps;
+    double temp_hot = 0.0, temp_cold = 0.0;
+    std::int32_t ierr = 0;
+    co2_ph(hot.pres, hot.enth + passed, ierr, {.temp = &temp_hot});
+    ASSERT_EQ(ierr, 0);
+    co2_ph(cold.pres, cold.enth + passed / cold.flow, ierr, {.temp = &temp_cold});
+    ASSERT_EQ(ierr, 0);
+    smallest = std::min(smallest, temp_hot - temp_cold);
+  }
+  EXPECT_GT(smallest, pinch - 2e-3);
+}
+
+TEST_F(Brayton, CyclesKeepTheLawsOfThermodynamicsAndTheirPinch) {
   for (const Cycle& c : cycles) {
     SCOPED_TRACE(c.why);
     const Outcome outcome = run(std::string("--csv csv ") + c.options);
     ASSERT_EQ(outcome.status, 0) << outcome.err;
-    std::map<std::string, Point> p = points();
-    ASSERT_EQ(p.size(), 13U);
-
-    // Both routes give one state, to the solvers' 1e-11. None of these points lies so close to an
-    // edge (0.01 K or kg/m3) that the routes could end in different elements.
-    std::map<std::string, double> h;
-    for (const auto& [name, point] : p) {
-      std::int32_t ierr = 0;
-      double entr = 0.0, dens = 0.0, cp = 0.0, ssnd = 0.0;
-      co2_tp(point.temp, point.pres, ierr,
-             {.dens = &dens, .enth = &h[name], .entr = &entr, .cp = &cp, .ssnd = &ssnd});
-      ASSERT_EQ(ierr, 0) << name;
-      EXPECT_NEAR(point.enth, h[name], 1e-8) << name;
-      EXPECT_NEAR(point.entr, entr, 1e-10) << name;
-      EXPECT_NEAR(point.dens, dens, 1e-9 * dens) << name;
-      EXPECT_NEAR(point.cp, cp, 1e-8 * cp) << name;
-      EXPECT_NEAR(point.ssnd, ssnd, 1e-8 * ssnd) << name;
-    }
-
-    const double x = p["1"].flow;
-    const double heat_in = h["7"] - h["6"];
-    const double work = h["7"] - h["8"] - x * (h["2"] - h["1"]) - (1.0 - x) * (h["4"] - h["10"]);
-    const double tolerance = 1e-9 * heat_in;
-    EXPECT_NEAR(heat_in, work + x * (h["10"] - h["1"]), tolerance) << "whole cycle";
-    EXPECT_NEAR(x * (h["3"] - h["2"]), h["9"] - h["10"], tolerance)
-        << "low-temperature recuperator";
-    EXPECT_NEAR(h["6"] - h["5"], h["8"] - h["9"], tolerance) << "high-temperature recuperator";
-    EXPECT_NEAR(x * h["3"] + (1.0 - x) * h["4"], h["5"], tolerance) << "mixing";
-
-    // Printed with four decimals.
-    EXPECT_NEAR(outcome["split fraction"], x, 6e-5);
-    EXPECT_NEAR(outcome["heat input"], heat_in, 6e-5);
-    EXPECT_NEAR(outcome["net work"], work, 6e-5);
-    EXPECT_NEAR(outcome["thermal efficiency"], 100.0 * work / heat_in, 6e-5);
-    EXPECT_LT(outcome["energy balance open by"], 1e-9);
-  }
-}
-
-TEST_F(Brayton, MachinesFollowTheirIsentropesAndNothingDestroysEntropy) {
-  for (const Cycle& c : cycles) {
-    SCOPED_TRACE(c.why);
-    ASSERT_EQ(run(std::string("--csv csv ") + c.options).status, 0);
-    std::map<std::string, Point> p = points();
-    EXPECT_NEAR(p["2s"].entr, p["1"].entr, 1e-10);
-    EXPECT_NEAR(p["4s"].entr, p["10"].entr, 1e-10);
-    EXPECT_NEAR(p["8s"].entr, p["7"].entr, 1e-10);
-    EXPECT_NEAR((p["2s"].enth - p["1"].enth) / (p["2"].enth - p["1"].enth), c.machines[0], 1e-8);
-    EXPECT_NEAR((p["4s"].enth - p["10"].enth) / (p["4"].enth - p["10"].enth), c.machines[1], 1e-8);
-    EXPECT_NEAR((p["7"].enth - p["8"].enth) / (p["7"].enth - p["8s"].enth), c.machines[2], 1e-8);
-
-    const double x = p["1"].flow;
-    const double main = x * (p["2"].entr - p["1"].entr);
-    const double recompressor = (1.0 - x) * (p["4"].entr - p["10"].entr);
-    const double turbine = p["8"].entr - p["7"].entr;
-    const double low = x * (p["3"].entr - p["2"].entr) + p["10"].entr - p["9"].entr;
-    const double mixing = p["5"].entr - x * p["3"].entr - (1.0 - x) * p["4"].entr;
-    const double high = p["6"].entr - p["5"].entr + p["9"].entr - p["8"].entr;
-    for (const double produced : {main, recompressor, turbine, low, mixing, high}) {
-      EXPECT_GT(produced, -1e-10);
-    }
-    // What the mean temperatures of the heats allow, less the losses: Gouy-Stodola.
-    const double heat_in = p["7"].enth - p["6"].enth;
-    const double heat_out = x * (p["10"].enth - p["1"].enth);
-    const double t_in = heat_in / (p["7"].entr - p["6"].entr);
-    const double t_out = heat_out / (x * (p["10"].entr - p["1"].entr));
-    const double lost = t_out * (main + recompressor + turbine + low + mixing + high);
-    const double efficiency = 1.0 - heat_out / heat_in;
-    EXPECT_NEAR(efficiency, 1.0 - t_out / t_in - lost / heat_in, 1e-9);
-    EXPECT_LT(efficiency, 1.0 - p["1"].temp / p["7"].temp);
-  }
-}
-
-TEST_F(Brayton, RecuperatorsKeepTheirPinchAlsoBetweenTheStations) {
-  for (const Cycle& c : cycles) {
-    SCOPED_TRACE(c.why);
-    ASSERT_EQ(run(std::string("--csv csv ") + c.options).status, 0);
-    std::map<std::string, Point> p = points();
-    struct Sides {
-      const char* name;
-      const char *hot_in, *hot_out, *cold_in, *cold_out;
-    };
+    Points p = points();
+    expect_closed_balances(outcome, p);
+    expect_second_law(c, p);
     for (const Sides& sides : {Sides{"low-temperature", "9", "10", "2", "3"},
                                Sides{"high-temperature", "8", "9", "5", "6"}}) {
       SCOPED_TRACE(sides.name);
-      const std::vector<Station> profile = profiles()[sides.name];
-      ASSERT_GE(profile.size(), 50U);
-      EXPECT_NEAR(profile.front().hot, p[sides.hot_out].temp, 1e-6);
-      EXPECT_NEAR(profile.front().cold, p[sides.cold_in].temp, 1e-6);
-      EXPECT_NEAR(profile.back().hot, p[sides.hot_in].temp, 1e-6);
-      EXPECT_NEAR(profile.back().cold, p[sides.cold_out].temp, 1e-6);
-
-      double smallest = 1e300;
-      for (const Station& s : profile) smallest = std::min(smallest, s.hot - s.cold);
-      EXPECT_NEAR(smallest, c.pinch, 1e-6);
-
-      // The balance from the cold end on, at far more stations.
-      const Point& hot = p[sides.hot_out];
-      const Point& cold = p[sides.cold_in];
-      const double duty = profile.back().duty;
-      constexpr int steps = 1000;
-      for (int i = 0; i <= steps; ++i) {
-        const double passed = duty * i / steps;
-        double temp_hot = 0.0, temp_cold = 0.0;
-        std::int32_t ierr = 0;
-        co2_ph(hot.pres, hot.enth + passed, ierr, {.temp = &temp_hot});
-        ASSERT_EQ(ierr, 0);
-        co2_ph(cold.pres, cold.enth + passed / cold.flow, ierr, {.temp = &temp_cold});
-        ASSERT_EQ(ierr, 0);
-        smallest = std::min(smallest, temp_hot - temp_cold);
-      }
-      EXPECT_GT(smallest, c.pinch - 2e-3);
+      expect_pinch(sides, c.pinch, profile(sides.name), p);
     }
   }
 }
@@ -256,25 +214,19 @@ TEST_F(Brayton, EfficiencyIsThatOfPublishedCyclesAndHighestAtTheSplitFound) {
     const std::string options = "--csv csv --high-pressure " + pressure;
     const Outcome best = run(options);
     ASSERT_EQ(best.status, 0) << best.err;
-    EXPECT_GT(best["thermal efficiency"], 45.0);
-    EXPECT_LT(best["thermal efficiency"], 50.0);
+    EXPECT_GT(printed(best, "thermal efficiency"), 45.0);
+    EXPECT_LT(printed(best, "thermal efficiency"), 50.0);
     const double split = points()["1"].flow;
     for (const double step : {-0.2, -0.01, -0.001, 0.001, 0.01, 0.2}) {
       const Outcome other = run(options + " --split " + std::to_string(split + step));
       ASSERT_EQ(other.status, 0) << other.err;
-      EXPECT_LT(other["thermal efficiency"], best["thermal efficiency"]) << step;
+      EXPECT_LT(printed(other, "thermal efficiency"), printed(best, "thermal efficiency")) << step;
     }
   }
 }
 
 TEST_F(Brayton, ExitStatusAndMessageTellWhatWentWrong) {
-  struct Case {
-    const char* why;
-    const char* options;
-    int status;
-    const char* message;
-  };
-  const Case cases[] = {
+  const test::Exit cases[] = {
       {"help", "--help", 0, ""},
       {"error of the library", "--inlet-temp 200 --split 0.6", 2, "co2_tp(200, 7700): error 201"},
       {"error inside the cycle", "--high-pressure 110000 --split 0.6", 2, "error 404"},
@@ -291,13 +243,7 @@ TEST_F(Brayton, ExitStatusAndMessageTellWhatWentWrong) {
       {"folder that cannot be", "--split 0.6 --csv stdout/x", 1, "stdout/x"},
       {"device full", "--split 0.6 >/dev/full", 1, "cannot write standard output"},
   };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.why);
-    const Outcome outcome = run(c.options);
-    EXPECT_EQ(outcome.status, c.status) << outcome.err;
-    EXPECT_NE(outcome.err.find(c.message), std::string::npos) << outcome.err;
-    EXPECT_EQ(outcome.err.empty(), c.status == 0) << outcome.err;
-  }
+  for (const test::Exit& c : cases) c.expect(run(c.arguments));
 }
 
 }  // namespace

@@ -2,16 +2,10 @@
 // its solver by the exact solutions, its two-phase speed of sound by difference quotients.
 
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -21,6 +15,7 @@
 #include "flow/ranks.hpp"
 #include "flow/report.hpp"
 #include "flow/solver.hpp"
+#include "tests/support/program.hpp"
 
 namespace flow {
 namespace {
@@ -285,33 +280,17 @@ TEST(FlowSolver, PipesEmptyThroughTwoPhasesWithoutAStateError) {
   }
 }
 
-class FlowProgram : public testing::Test {
+class FlowProgram : public co2_properties::test::ProgramTest {
  protected:
-  FlowProgram() {
-    std::string name = std::filesystem::temp_directory_path() / "flow_test_XXXXXX";
-    if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
-    folder_ = name;
+  /// MPI may run as root, on more ranks than cores, and leave memory behind.
+  [[nodiscard]] co2_properties::test::Outcome run(const std::string& launcher,
+                                                  const std::string& options) const {
+    return shell(
+        "export ASAN_OPTIONS=detect_leaks=0 OMPI_ALLOW_RUN_AS_ROOT=1 "
+        "OMPI_ALLOW_RUN_AS_ROOT_CONFIRM=1 OMPI_MCA_rmaps_base_oversubscribe=1 "
+        "OMPI_MCA_mpi_yield_when_idle=1; " +
+        launcher + " '" FLOW_PROGRAM "' " + options);
   }
-  ~FlowProgram() override { std::filesystem::remove_all(folder_); }
-
-  /// Exit status; MPI may run as root, on more ranks than cores, and leave memory behind.
-  [[nodiscard]] int run(const std::string& launcher, const std::string& options) const {
-    const std::string line = "cd '" + folder_.string() +
-                             "' && ASAN_OPTIONS=detect_leaks=0 OMPI_ALLOW_RUN_AS_ROOT=1 "
-                             "OMPI_ALLOW_RUN_AS_ROOT_CONFIRM=1 OMPI_MCA_rmaps_base_oversubscribe=1 "
-                             "OMPI_MCA_mpi_yield_when_idle=1 " +
-                             launcher + " '" FLOW_PROGRAM "' " + options + " >out 2>err </dev/null";
-    const int status = std::system(line.c_str());
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-  }
-
-  [[nodiscard]] std::string read(const std::string& name) const {
-    std::ifstream file(folder_ / name);
-    return {std::istreambuf_iterator<char>(file), {}};
-  }
-
- private:
-  std::filesystem::path folder_;
 };
 
 TEST_F(FlowProgram, ResultsDoNotDependOnTheNumberOfRanks) {
@@ -323,10 +302,10 @@ TEST_F(FlowProgram, ResultsDoNotDependOnTheNumberOfRanks) {
     std::string summary;
     for (const std::string ranks : {"1", "2", "3"}) {
       SCOPED_TRACE(ranks);
-      ASSERT_EQ(run(launcher + " -n " + ranks, name + " --cells 41 --csv " + ranks), 0)
-          << read("err");
+      const auto [status, out, err] =
+          run(launcher + " -n " + ranks, name + " --cells 41 --csv " + ranks);
+      ASSERT_EQ(status, 0) << err;
       const std::string profile = read(ranks + "/" + name + ".csv");
-      const std::string out = read("out");
       const std::size_t line = out.find("error at");
       const std::string told = out.substr(line, out.find("work of") - line);
       if (ranks == "1") {
@@ -343,29 +322,23 @@ TEST_F(FlowProgram, ResultsDoNotDependOnTheNumberOfRanks) {
 }
 
 TEST_F(FlowProgram, ExitStatusTellsWhatWentWrong) {
-  struct Row {
-    const char* options;
-    int status;
-    const char* message;
-  };
-  const Row rows[] = {
-      {"--help", 0, ""},
-      {"tube --temp 200", 2, "co2_tp(200, 20000): status 201"},
-      {"pipe --temp 245 --pres 3000 --pres-right 1100 --cells 20", 2,
+  const co2_properties::test::Exit rows[] = {
+      {"help", "--help", 0, ""},
+      {"too cold", "tube --temp 200", 2, "co2_tp(200, 20000): status 201"},
+      {"colder and colder", "pipe --temp 245 --pres 3000 --pres-right 1100 --cells 20", 2,
        "below minimum value of 240 K"},
-      {"tube --cells 0", 1, "--cells"},
-      {"tube --pres", 1, "--pres"},
-      {"", 1, "subcommand"},
-      {"tube --cells 20 --csv out/x", 1, "cannot write out/x"},
-      {"tube --pres 5000 --cells 20", 0, ""},  // no wave at all
-      {"pipe --pres-right 12000", 1, "has to be below"},
-      {"wave --pres-right 20000", 1, "has to be below"},
+      {"no cells", "tube --cells 0", 1, "--cells"},
+      {"no value", "tube --pres", 1, "--pres"},
+      {"no case", "", 1, "subcommand"},
+      {"a file as folder", "tube --cells 20 --csv stdout/x", 1, "cannot write stdout/x"},
+      {"no wave at all", "tube --pres 5000 --cells 20", 0, ""},
+      {"nothing flows out", "pipe --pres-right 12000", 1, "has to be below"},
+      {"no wave", "wave --pres-right 20000", 1, "has to be below"},
   };
-  for (const Row& row : rows) {
-    SCOPED_TRACE(row.options);
-    EXPECT_EQ(run("", row.options), row.status);
-    EXPECT_NE(read("err").find(row.message), std::string::npos) << read("err");
-    EXPECT_EQ(read("err").find("MPI"), std::string::npos) << "one process ends by itself";
+  for (const auto& row : rows) {
+    const auto outcome = run("", row.arguments);
+    row.expect(outcome);
+    EXPECT_EQ(outcome.err.find("MPI"), std::string::npos) << "one process ends by itself";
   }
 }
 
