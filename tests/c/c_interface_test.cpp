@@ -85,11 +85,21 @@ TEST(CInterface, PartsGiveTheBitsOfCpp) {
 }
 
 TEST(CInterface, ConstantsMessagesAndZeros) {
-  double c[9], expected_values[9];
-  co2_info(c, c + 1, c + 2, c + 3, c + 4, c + 5, c + 6, c + 7, c + 8);
-  double* const e = expected_values;
-  cpp::co2_info(e, e + 1, e + 2, e + 3, e + 4, e + 5, e + 6, e + 7, e + 8);
-  EXPECT_EQ(std::memcmp(c, e, sizeof c), 0);
+  const double constants[] = {304.1282, 467.6,    7377.3, 240.0,    1500.0,
+                              1.0,      100000.0, 240.0,  1282.4835};
+  decltype(&co2_info) const infos[] = {co2_info, cpp::co2_info};
+  for (const auto info : infos) {
+    for (std::size_t k = 0; k < std::size(constants); ++k) {
+      double value[9] = {};
+      double* slot[9] = {};
+      slot[k] = &value[k];
+      info(slot[0], slot[1], slot[2], slot[3], slot[4], slot[5], slot[6], slot[7], slot[8]);
+      for (std::size_t i = 0; i < std::size(constants); ++i) {
+        EXPECT_EQ(value[i], i == k ? constants[i] : 0.0) << "argument " << i << ", present " << k;
+      }
+    }
+  }
+  cpp::co2_info();
 
   char text[257];
   std::memset(text, '#', sizeof text);

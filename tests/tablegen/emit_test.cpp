@@ -109,26 +109,5 @@ TEST(CellGrid, RefusesOverlapGapAndEmptiness) {
   EXPECT_THROW((void)make_grid({left, right, {{2.0, 2.0, 0.0, 0.5}, 3}}), std::invalid_argument);
 }
 
-TEST(CellGrid, WrittenArraysHoldTheGrid) {
-  const CellGrid grid = make_grid({{{-open_side, 0.1, -open_side, open_side}, 5},
-                                   {{0.1, open_side, -open_side, open_side}, 6}});
-  EXPECT_EQ(grid_arrays("m", grid),
-            "constexpr double m_x_edges[] = {\n  0.1,\n};\n"
-            "constexpr std::uint16_t m_cells[] = {\n  5,\n  6,\n};\n");
-  EXPECT_EQ(grid_initialiser("m", grid), "{{m_x_edges, 1}, {nullptr, 0}, m_cells}");
-}
-
-TEST(Source, ListsStayWithinAHundredColumns) {
-  const std::string text = wrapped_list(std::vector<std::string>(60, "0x1.23456789abcdep+0"));
-  std::size_t count = 0;
-  for (std::size_t at = 0; at < text.size();) {
-    const std::size_t end = text.find('\n', at);
-    EXPECT_LE(end - at, 100U);
-    at = end + 1;
-    ++count;
-  }
-  EXPECT_EQ(count, 15U);
-}
-
 }  // namespace
 }  // namespace co2_properties::tablegen

@@ -1,9 +1,9 @@
-#include "saturation/sat_density.hpp"
-
 #include <gtest/gtest.h>
 
 #include <cmath>
 
+#include "saturation/sat_density.hpp"
+#include "saturation/sat_pressure.hpp"
 #include "tests/support/bits.hpp"
 #include "tests/support/csv.hpp"
 #include "tests/support/tolerance.hpp"
@@ -78,31 +78,29 @@ TEST(SatDensity, CubicsJoinAtTheirNodes) {
   }
 }
 
-// Reference states of Span & Wagner (1996), tests/data/README.md. The bounds are those that the
-// header states.
-TEST(SatDensity, FollowsTheReferenceWithinItsAccuracy) {
+TEST(SatTemp, PiecesJoinAndEndOnTheCriticalPoint) {
+  for (const double edge : {2000.0, 3000.0, 4000.0, 5000.0, 6000.0, 6500.0, 7000.0}) {
+    const double at = calc_sat_temp(edge);
+    EXPECT_NEAR(calc_sat_temp(next_below(edge)), at, test::tolerance::rounding * at) << edge;
+  }
+  EXPECT_NEAR(calc_sat_temp(7377.3), 304.1282, test::tolerance::rounding * 304.0);
+  EXPECT_GT(calc_sat_temp(7400.0), 304.1282) << "extrapolates, no clamp";
+  EXPECT_TRUE(std::isnan(calc_sat_temp(not_a_number)));
+}
+
+// Reference states of Span & Wagner (1996), tests/data/README.md.
+TEST(SatPressure, BothDirectionsFollowTheReference) {
   auto columns = test::read_csv(TEST_DATA_DIR "/sat.csv");
-  struct Range {
-    double temp_below, liq_bound, vap_bound;
-    test::WorstError liq, vap;
-  };
-  Range ranges[] = {{301.0, 1.4e-8, 1.8e-7, {}, {}},
-                    {304.0, 2.2e-5, 6.3e-6, {}, {}},
-                    {304.13, 4e-4, 5e-5, {}, {}}};
+  test::WorstError worst_temp, worst_pres;
   for (std::size_t k = 0; k < columns["T"].size(); ++k) {
     const double temp = columns["T"][k];
-    for (Range& range : ranges) {
-      if (temp > range.temp_below) continue;
-      range.liq.note(std::abs(calc_sat_liq_dens(temp) / columns["rho_l"][k] - 1.0), temp, 0.0);
-      range.vap.note(std::abs(calc_sat_vap_dens(temp) / columns["rho_v"][k] - 1.0), temp, 0.0);
-      break;
-    }
+    const double pres = columns["p_sat"][k];
+    worst_temp.note(std::abs(calc_sat_temp(pres) - temp), pres, 0.0);
+    worst_pres.note(std::abs(calc_sat_pres(temp) / pres - 1.0), temp, 0.0);
   }
-  for (const Range& range : ranges) {
-    EXPECT_LT(range.liq.error, range.liq_bound) << "at " << range.liq.x;
-    EXPECT_LT(range.vap.error, range.vap_bound) << "at " << range.vap.x;
-    EXPECT_GT(range.liq.error, 0.0) << "no state up to " << range.temp_below;
-  }
+  EXPECT_LT(worst_temp.error, test::tolerance::sat_temp_fit) << "at " << worst_temp.x << " kPa";
+  EXPECT_LT(worst_pres.error, test::tolerance::sat_pres_fit) << "at " << worst_pres.x << " K";
+  EXPECT_TRUE(std::isnan(calc_sat_pres(not_a_number)));
 }
 
 }  // namespace
