@@ -1,6 +1,13 @@
 ! A host in Fortran: outputs by keyword and by position, arrays and sections of them, messages,
 ! parts. What comes out under each name is checked against relations between the properties, so that
 ! a name which is bound to another slot is found.
+#define BY_NAME dsdt=dsdt, dsdd=dsdd, dhdt=dhdt, dhdd=dhdd, dpdt=dpdt, dpdd=dpdd, cond=cond, \
+  visc=visc, ssnd=ssnd, cp=cp, cv=cv, entr=entr, enth=enth, inte=inte, qual=qual, svol=svol, \
+  dens=dens, pres=pres, temp=temp
+#define IN_ORDER(at) at(1), at(2), at(3), at(4), at(5), at(6), at(7), at(8), at(9), at(10), \
+  at(11), at(12), at(13), at(14), at(15), at(16), at(17), at(18), at(19)
+#define OF_ALL(k) a(k, :)
+#define OF_ONE(k) b(k)
 program host
   use, intrinsic :: iso_fortran_env, only: int32, real64
   use, intrinsic :: ieee_arithmetic, only: ieee_quiet_nan, ieee_value
@@ -47,21 +54,13 @@ contains
     call co2_td(t, rho, ierr, pres=p, enth=h, entr=s)
     select case (entry)
     case ('co2_td')
-      call co2_td(t, rho, ierr, dsdt=dsdt, dsdd=dsdd, dhdt=dhdt, dhdd=dhdd, dpdt=dpdt, dpdd=dpdd, &
-        cond=cond, visc=visc, ssnd=ssnd, cp=cp, cv=cv, entr=entr, enth=enth, inte=inte, &
-        qual=qual, svol=svol, dens=dens, pres=pres, temp=temp)
+      call co2_td(t, rho, ierr, BY_NAME)
     case ('co2_tp')
-      call co2_tp(t, p, ierr, dsdt=dsdt, dsdd=dsdd, dhdt=dhdt, dhdd=dhdd, dpdt=dpdt, dpdd=dpdd, &
-        cond=cond, visc=visc, ssnd=ssnd, cp=cp, cv=cv, entr=entr, enth=enth, inte=inte, &
-        qual=qual, svol=svol, dens=dens, pres=pres, temp=temp)
+      call co2_tp(t, p, ierr, BY_NAME)
     case ('co2_ph')
-      call co2_ph(p, h, ierr, dsdt=dsdt, dsdd=dsdd, dhdt=dhdt, dhdd=dhdd, dpdt=dpdt, dpdd=dpdd, &
-        cond=cond, visc=visc, ssnd=ssnd, cp=cp, cv=cv, entr=entr, enth=enth, inte=inte, &
-        qual=qual, svol=svol, dens=dens, pres=pres, temp=temp)
+      call co2_ph(p, h, ierr, BY_NAME)
     case ('co2_ps')
-      call co2_ps(p, s, ierr, dsdt=dsdt, dsdd=dsdd, dhdt=dhdt, dhdd=dhdd, dpdt=dpdt, dpdd=dpdd, &
-        cond=cond, visc=visc, ssnd=ssnd, cp=cp, cv=cv, entr=entr, enth=enth, inte=inte, &
-        qual=qual, svol=svol, dens=dens, pres=pres, temp=temp)
+      call co2_ps(p, s, ierr, BY_NAME)
     end select
     call check(ierr == 0, entry//': ierr')
     call check(near(temp, t), entry//': temp')
@@ -141,37 +140,25 @@ contains
     a = canary
     select case (entry)
     case ('co2_td')
-      call co2_td(first, second, codes, a(1, :), a(2, :), a(3, :), a(4, :), a(5, :), a(6, :), &
-        a(7, :), a(8, :), a(9, :), a(10, :), a(11, :), a(12, :), a(13, :), a(14, :), a(15, :), &
-        a(16, :), a(17, :), a(18, :), a(19, :), ok)
+      call co2_td(first, second, codes, IN_ORDER(OF_ALL), ok)
     case ('co2_tp')
-      call co2_tp(first, second, codes, a(1, :), a(2, :), a(3, :), a(4, :), a(5, :), a(6, :), &
-        a(7, :), a(8, :), a(9, :), a(10, :), a(11, :), a(12, :), a(13, :), a(14, :), a(15, :), &
-        a(16, :), a(17, :), a(18, :), a(19, :), ok)
+      call co2_tp(first, second, codes, IN_ORDER(OF_ALL), ok)
     case ('co2_ph')
-      call co2_ph(first, second, codes, a(1, :), a(2, :), a(3, :), a(4, :), a(5, :), a(6, :), &
-        a(7, :), a(8, :), a(9, :), a(10, :), a(11, :), a(12, :), a(13, :), a(14, :), a(15, :), &
-        a(16, :), a(17, :), a(18, :), a(19, :), ok)
+      call co2_ph(first, second, codes, IN_ORDER(OF_ALL), ok)
     case ('co2_ps')
-      call co2_ps(first, second, codes, a(1, :), a(2, :), a(3, :), a(4, :), a(5, :), a(6, :), &
-        a(7, :), a(8, :), a(9, :), a(10, :), a(11, :), a(12, :), a(13, :), a(14, :), a(15, :), &
-        a(16, :), a(17, :), a(18, :), a(19, :), ok)
+      call co2_ps(first, second, codes, IN_ORDER(OF_ALL), ok)
     end select
     call check(ok, entry//': sizes agree')
     do i = 1, size(first)
       select case (entry)
       case ('co2_td')
-        call co2_td(first(i), second(i), ierr, b(1), b(2), b(3), b(4), b(5), b(6), b(7), b(8), &
-          b(9), b(10), b(11), b(12), b(13), b(14), b(15), b(16), b(17), b(18), b(19))
+        call co2_td(first(i), second(i), ierr, IN_ORDER(OF_ONE))
       case ('co2_tp')
-        call co2_tp(first(i), second(i), ierr, b(1), b(2), b(3), b(4), b(5), b(6), b(7), b(8), &
-          b(9), b(10), b(11), b(12), b(13), b(14), b(15), b(16), b(17), b(18), b(19))
+        call co2_tp(first(i), second(i), ierr, IN_ORDER(OF_ONE))
       case ('co2_ph')
-        call co2_ph(first(i), second(i), ierr, b(1), b(2), b(3), b(4), b(5), b(6), b(7), b(8), &
-          b(9), b(10), b(11), b(12), b(13), b(14), b(15), b(16), b(17), b(18), b(19))
+        call co2_ph(first(i), second(i), ierr, IN_ORDER(OF_ONE))
       case ('co2_ps')
-        call co2_ps(first(i), second(i), ierr, b(1), b(2), b(3), b(4), b(5), b(6), b(7), b(8), &
-          b(9), b(10), b(11), b(12), b(13), b(14), b(15), b(16), b(17), b(18), b(19))
+        call co2_ps(first(i), second(i), ierr, IN_ORDER(OF_ONE))
       end select
       call check(codes(i) == ierr, entry//': code of a batch')
       call check(all(a(:, i) == b), entry//': outputs of a batch')
