@@ -163,8 +163,7 @@ template <class Caloric, class Derivatives, class Real>
   const Real p_t = dpdt(d, dens);
   const Real c_d = Caloric::by_dens(d, temp, dens);
   const Real c_t = Caloric::by_temp(d, temp, dens);
-  const Real regular = c_t * p_d - c_d * p_t;
-  const Real determinant = regular == 0.0 ? regular + 1.0 : regular;  // far outside: any step
+  const Real determinant = c_t * p_d - c_d * p_t;
   return {(caloric_residual * p_d - pres_residual * c_d) / determinant,
           (pres_residual * c_t - caloric_residual * p_t) / determinant};
 }
