@@ -137,14 +137,20 @@ std::array<Real, 6> ElementBasis::temperature_derivative_terms() const {
   return terms;
 }
 
-Element ElementBasis::to_element(const Vector& weights) const {
+Vector ElementBasis::temperature_power(const std::size_t power) const {
+  const auto powers = chebyshev_powers(2.0L * temp_half_);
+  Vector factors(temp_terms);
+  for (std::size_t n = 0; n < temp_terms; ++n) {
+    factors(static_cast<Eigen::Index>(n)) = powers[n][power];
+  }
+  return factors;
+}
+
+Vector ElementBasis::coefficients(const Vector& weights) const {
   const auto temp_power = chebyshev_powers(2.0L * temp_half_);
   const auto dens_power = chebyshev_powers(2.0L * dens_half_);
-  Element e{cell_.dens_lo,
-            cell_.temp_lo,
-            width(cell_.dens_lo, cell_.dens_hi),
-            width(cell_.temp_lo, cell_.temp_hi),
-            {}};
+  Vector coef(element_terms);
+  Eigen::Index k = 0;
   for (std::size_t power = 0; power < temp_terms; ++power) {
     std::array<Real, dens_terms> part{};  // of tau^power, for each density function
     for (std::size_t i = 0; i < temp_terms; ++i) {
@@ -153,13 +159,30 @@ Element ElementBasis::to_element(const Vector& weights) const {
       }
     }
     const Real log_part = part[dens_polynomials] / log_scale_;
-    e.coef[power][0] = static_cast<double>(log_part);
+    coef(k++) = log_part;
     for (std::size_t n = 0; n < dens_polynomials; ++n) {
       Real sum = 0.0L;
       for (std::size_t m = 0; m < dens_polynomials; ++m) {
         sum += (part[m] - log_part * log_fit_[m]) * dens_power[m][n];
       }
-      e.coef[power][n + 1] = static_cast<double>(sum);
+      coef(k++) = sum;
+    }
+  }
+  return coef;
+}
+
+Element ElementBasis::to_element(const Vector& weights) const {
+  Element e{cell_.dens_lo,
+            cell_.temp_lo,
+            width(cell_.dens_lo, cell_.dens_hi),
+            width(cell_.temp_lo, cell_.temp_hi),
+            {}};
+  const Vector coef = coefficients(weights);
+  for (std::size_t i = 0; i < temp_terms; ++i) {
+    for (std::size_t j = 0; j < dens_terms; ++j) {
+      e.coef[i][j] = i < cell_.given.size()
+                         ? cell_.given[i][j]
+                         : static_cast<double>(coef(static_cast<Eigen::Index>(dens_terms * i + j)));
     }
   }
   return e;

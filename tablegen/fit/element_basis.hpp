@@ -34,11 +34,18 @@ class ElementBasis {
   /// A linear form of the derivatives at a state, for each of the 36 functions.
   [[nodiscard]] Vector row(const Form& form, Real temp, Real dens) const;
 
-  /// The record with the sum of `weights` times the functions, rounded to double at the end only.
+  /// Coefficients of the record of the sum of `weights` times the functions, row by row.
+  [[nodiscard]] Vector coefficients(const Vector& weights) const;
+
+  /// The record with the sum of `weights` times the functions, rounded to double at the end only;
+  /// rows that are given stand as they are.
   [[nodiscard]] Element to_element(const Vector& weights) const;
 
   /// Coefficient of ln rho in the last density function.
   [[nodiscard]] Real log_coefficient() const { return 1.0L / log_scale_; }
+
+  /// Factor of a power of tau in each temperature function.
+  [[nodiscard]] Vector temperature_power(std::size_t power) const;
 
   /// For each temperature function the sum of the magnitudes of the powers of tau that make up its
   /// derivative, at the upper edge.

@@ -7,6 +7,7 @@
 #include "eos/properties.hpp"
 #include "saturation/sat_density.hpp"
 #include "tablegen/reference/elementary.hpp"
+#include "tablegen/reference/phase_equilibrium.hpp"
 #include "tablegen/reference/span_wagner.hpp"
 
 namespace co2_properties::tablegen {
@@ -30,13 +31,23 @@ constexpr Real critical_share = 0.01L;
 constexpr Real unreachable_weight = 1e-4L;
 /// Largest rounding errors of the double evaluation, of the pressure (relative) and of the term
 /// T a_T of the enthalpy: Newton iterations converge to 1e-11 of both, and of the entropy. They
-/// limit the coefficients of ln rho, which cancel against the polynomial in narrow elements.
+/// limit the coefficients of ln rho, which cancel against the polynomial in narrow elements, and
+/// keep element 93 free of given rows. A record of it is known, with c(5, 1) = 6.7e13: at 304.1282
+/// K that is a term of 1.1e10 kJ/kg in T a_T, whose rounding, 1.2e-6 kJ/kg, is 4e-9 of h.
 constexpr Real pres_rounding_limit = 5e-14L;
 constexpr Real enth_rounding_limit = 1e-9L;  // kJ/kg
 
 /// How far beyond the saturated densities of the reference the full weight goes, as a fraction of
 /// the way to the critical density: the library decides with saturated densities of its own.
 constexpr Real saturation_margin = 0.02L;
+
+/// Weights of the states on saturation and at the lowest temperature (grid states: 1), and of the
+/// saturated states where both meet. With 30, cv and w of the saturated liquid at 240 K come out to
+/// 3e-7 (1.4e-5 without); the element around loses a tenth.
+constexpr Real border_weight = 2.0L;
+constexpr Real corner_weight = 30.0L;
+/// Above, the saturated densities of the library are off by more than the fit.
+constexpr Real saturation_border_end = 301.0L;  // K
 
 /// dp/drho at the critical point, kPa m3/kg. The reference has -6e-10 there and the free fit -5e-8.
 /// On an isotherm that is all but flat Newton's method needs more steps than it is given: the slope
@@ -128,6 +139,34 @@ bool reachable(const Reach& reach, const StatePoint& at) {
   return std::any_of(ranges.begin(), ranges.end(), [&](const DensityRange& range) {
     return at.dens >= range.lo && at.dens <= range.hi;
   });
+}
+
+/// Where one property surface ends: on saturation and at the lowest temperature. The second
+/// derivatives of a fit are worst at its ends, and these are the states that others print.
+struct BorderStates {
+  std::vector<StatePoint> along, corner;  ///< `corner`: saturated, at the lowest temperature
+};
+
+BorderStates border_states(const ElementCell& cell, const Reach& reach) {
+  BorderStates states;
+  if (cell.region == Region::supercritical || reach.empty()) return states;
+  const std::vector<Real> nodes = chebyshev_nodes(nodes_per_side);
+  for (const Real& node : nodes) {
+    const Real temp = reach.temp_lo() + (reach.temp_hi() - reach.temp_lo()) * node;
+    if (temp > saturation_border_end) break;
+    const auto sat = reference::saturation<Real>(temp);
+    const Real dens = cell.region == Region::vapour ? sat.dens_vap : sat.dens_liq;
+    if (dens < cell.dens_lo || dens > cell.dens_hi) continue;
+    (temp == whole_domain.temp_lo ? states.corner : states.along).push_back({temp, dens});
+  }
+  if (cell.temp_lo > whole_domain.temp_lo) return states;
+  for (const DensityRange& range : reach.densities(cell.temp_lo)) {
+    for (const Real& node : nodes) {
+      const StatePoint at = {cell.temp_lo, range.lo + (range.hi - range.lo) * node};
+      if (single_phase(at)) states.along.push_back(at);
+    }
+  }
+  return states;
 }
 
 /// The critical point itself has no finite second derivatives.
@@ -244,11 +283,15 @@ ElementFitter::ElementFitter(const ElementCell& cell) : cell_(cell), basis_(cell
   others.insert(others.end(), first_other, stable.end());
   stable.erase(first_other, stable.end());
   problem_.main = sample_rows(stable, 1.0L);
+  const BorderStates border = border_states(cell, reach);
+  append(sample_rows(border.along, border_weight), problem_.main);
+  append(sample_rows(border.corner, corner_weight), problem_.main);
   problem_.soft = sample_rows(others, unreachable_weight);
   if (cell.region == Region::liquid) {
     append(target_rows(dome_tangent(cell, reach)), problem_.soft);
   }
   limit_rounding();
+  problem_.fixed = given_rows();
 
   const Reach exact(box_of(cell), whole_domain, 0.0L);
   if (!exact.empty()) checks_ = exact.points(check_nodes(checks_per_side));
@@ -318,6 +361,43 @@ void ElementFitter::limit_rounding() {
   }
 }
 
+/// The given coefficients as conditions, each scaled to the order of one.
+Rows ElementFitter::given_rows() const {
+  const auto count = static_cast<Eigen::Index>(dens_terms * cell_.given.size());
+  Rows rows{Matrix(count, element_terms), Vector(count)};
+  for (Eigen::Index k = 0; k < element_terms; ++k) {
+    rows.a.col(k) = basis_.coefficients(Vector::Unit(element_terms, k)).head(count);
+  }
+  Eigen::Index k = 0;
+  for (const auto& row : cell_.given) {
+    for (const double c : row) rows.b(k++) = c;
+  }
+  for (k = 0; k < count; ++k) {
+    const Real size = rows.a.row(k).norm();
+    rows.a.row(k) /= size;
+    rows.b(k) /= size;
+  }
+  return rows;
+}
+
+Rows ElementFitter::given_on_edge(const EdgeSpan& span, const bool upper) const {
+  const auto count = static_cast<Eigen::Index>(cell_.given.size());
+  Rows rows{Matrix(count, temp_terms), Vector(count)};
+  const Matrix own = restriction(span, {cell_.temp_lo, cell_.temp_hi});
+  const Real dens = upper ? cell_.dens_hi : cell_.dens_lo;
+  const Real d = dens - cell_.dens_lo;
+  const auto height = static_cast<Real>(cell_.temp_hi) - cell_.temp_lo;
+  Real scale = 1.0L;
+  for (Eigen::Index i = 0; i < count; ++i) {
+    const auto& c = cell_.given[static_cast<std::size_t>(i)];
+    const Real a_d = c[0] / dens + c[2] + d * (2.0L * c[3] + d * (3.0L * c[4] + d * 4.0L * c[5]));
+    rows.a.row(i) = scale * basis_.temperature_power(static_cast<std::size_t>(i)).transpose() * own;
+    rows.b(i) = scale * a_d;
+    scale *= height;
+  }
+  return rows;
+}
+
 ElementFit ElementFitter::solve() const {
   return measured(basis_.to_element(solve_least_squares(problem_)));
 }
@@ -334,6 +414,7 @@ Rows ElementFitter::edge_loss(const std::optional<EdgeSpan>& lower,
                               const std::optional<EdgeSpan>& upper) const {
   const Conditions held = conditions(lower, upper);
   const Eigen::Index count = held.a.rows();
+  if (count == element_terms) return {Matrix(0, held.from_edges.cols()), Vector(0)};
   // x = particular (from_edges edges + constant) + space z with free z.
   const Eigen::HouseholderQR<Matrix> qr(held.a.transpose());
   const Matrix q = qr.householderQ() * Matrix::Identity(element_terms, element_terms);
@@ -357,23 +438,31 @@ ElementFitter::Conditions ElementFitter::conditions(const std::optional<EdgeSpan
   const bool at_critical_point =
       cell_.temp_lo == reference::t_crit &&
       (cell_.dens_lo == reference::d_crit || cell_.dens_hi == reference::d_crit);
-  const Eigen::Index on_edges = (lower ? temp_terms : 0) + (upper ? temp_terms : 0);
-  const Eigen::Index count = on_edges + (at_critical_point ? 1 : 0);
-  Conditions c{Matrix::Zero(count, element_terms), Matrix::Zero(count, on_edges),
+  // Given rows hold as many coefficients of an edge themselves (given_on_edge); the Chebyshev
+  // coefficients above those settle the rest.
+  const auto given = static_cast<Eigen::Index>(cell_.given.size());
+  const Eigen::Index free = temp_terms - given;
+  const Eigen::Index edges = (lower ? 1 : 0) + (upper ? 1 : 0);
+  const Eigen::Index count = problem_.fixed.b.size() + edges * free + (at_critical_point ? 1 : 0);
+  Conditions c{Matrix::Zero(count, element_terms), Matrix::Zero(count, edges * temp_terms),
                Vector::Zero(count)};
+  c.a.topRows(problem_.fixed.b.size()) = problem_.fixed.a;
+  c.constant.head(problem_.fixed.b.size()) = problem_.fixed.b;
   // Scaled to order one, so that the conditions are well conditioned among themselves.
   const auto width = static_cast<Real>(cell_.dens_hi) - cell_.dens_lo;
-  Eigen::Index first = 0;
+  Eigen::Index first = problem_.fixed.b.size();
+  Eigen::Index column = 0;
   const auto hold = [&](const EdgeSpan& span, const double dens) {
     const Functions f = basis_.density_functions(dens);
-    for (Eigen::Index i = 0; i < temp_terms; ++i) {
+    for (Eigen::Index i = 0; i < free; ++i) {
       for (Eigen::Index j = 0; j < dens_terms; ++j) {
-        c.a(first + i, dens_terms * i + j) = width * f[static_cast<std::size_t>(j)][1];
+        c.a(first + i, dens_terms * (given + i) + j) = width * f[static_cast<std::size_t>(j)][1];
       }
     }
-    c.from_edges.block(first, first, temp_terms, temp_terms) =
-        width * restriction(span, {cell_.temp_lo, cell_.temp_hi});
-    first += temp_terms;
+    c.from_edges.block(first, column, free, temp_terms) =
+        width * restriction(span, {cell_.temp_lo, cell_.temp_hi}).bottomRows(free);
+    first += free;
+    column += temp_terms;
   };
   if (lower) hold(*lower, cell_.dens_lo);
   if (upper) hold(*upper, cell_.dens_hi);

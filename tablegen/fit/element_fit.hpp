@@ -41,6 +41,11 @@ class ElementFitter {
  public:
   explicit ElementFitter(const ElementCell& cell);
 
+  /// What the given rows of the record say about the polynomial of an edge: conditions a edge = b
+  /// on its coefficients; none for most elements.
+  /// \param upper  the edge is the upper one of the element
+  [[nodiscard]] Rows given_on_edge(const EdgeSpan& span, bool upper) const;
+
   /// Best fit of the element alone.
   [[nodiscard]] ElementFit solve() const;
 
@@ -58,6 +63,7 @@ class ElementFitter {
   [[nodiscard]] Rows sample_rows(std::vector<StatePoint> points, Real weight) const;
   [[nodiscard]] Rows target_rows(const std::vector<Target>& targets) const;
   void limit_rounding();
+  [[nodiscard]] Rows given_rows() const;
   /// Conditions a x = from_edges edges + constant on the weights x of the functions.
   struct Conditions {
     Matrix a;

@@ -18,6 +18,22 @@ Region parse_region(const std::string& word, const std::string& line) {
   throw std::invalid_argument("element tiling: not understood: " + line);
 }
 
+/// Reads `element row : six coefficients` into the cell it belongs to.
+void read_given(std::istringstream& words, const std::string& line,
+                std::vector<ElementCell>& cells) {
+  std::size_t index = 0;
+  std::size_t row = 0;
+  std::string colon;
+  std::array<double, 6> coef{};
+  bool good = words >> index >> row >> colon && colon == ":" && index >= 1 &&
+              index <= cells.size() && row == cells[index - 1].given.size() && row < coef.size();
+  for (double& c : coef) good = good && words >> c;
+  if (!good || !(words >> std::ws).eof()) {
+    throw std::invalid_argument("element tiling: not understood: " + line);
+  }
+  cells[index - 1].given.push_back(coef);
+}
+
 double edge_in_map(const double dens) {
   return dens == reference::d_crit ? std::nextafter(dens, 2.0 * dens) : dens;
 }
@@ -76,7 +92,12 @@ std::vector<ElementCell> parse_element_tiling(const std::string_view text) {
     if (line.front() != ' ') {
       std::string name;
       double band_hi = 0.0;
-      if (!(words >> name >> band_lo >> band_hi)) {
+      words >> name;
+      if (name == "given") {
+        read_given(words, line, cells);
+        continue;
+      }
+      if (!(words >> band_lo >> band_hi)) {
         throw std::invalid_argument("element tiling: not understood: " + line);
       }
       region = parse_region(name, line);

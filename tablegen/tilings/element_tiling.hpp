@@ -1,6 +1,7 @@
 #pragma once
 // The rectangles of the element table and the maps that find them.
 
+#include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -18,6 +19,8 @@ struct ElementCell {
   double temp_lo, temp_hi;  ///< K
   double dens_lo, dens_hi;  ///< kg/m3
   double band_lo;           ///< lower temperature of the block that the element belongs to, K
+  std::vector<std::array<double, 6>>
+      given{};  ///< rows of the record that are known, from the first
 };
 
 /// Reads the text of tilings/elements.txt.
