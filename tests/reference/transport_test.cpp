@@ -26,17 +26,6 @@ TEST(Transport, MatchesIndependentStates) {
   EXPECT_LT(worst_cond.error, 2e-12) << worst_cond.x << " " << worst_cond.y;
 }
 
-// Check values printed by Fenghour et al. (1998), without the critical enhancement.
-TEST(Transport, PublishedViscosities) {
-  const struct {
-    double temp, dens, visc;
-  } cases[] = {{220.0, 2.440, 11.06},    {300.0, 1.773, 15.02},    {800.0, 0.662, 35.09},
-               {220.0, 1194.86, 269.37}, {300.0, 1029.27, 132.55}, {800.0, 407.828, 48.74}};
-  for (const auto& c : cases) {
-    EXPECT_NEAR(viscosity(c.temp, c.dens), c.visc, 0.005001) << c.temp << " " << c.dens;
-  }
-}
-
 // Check values printed by Vesovic et al. (1990), appendix IV, where the critical enhancement, for
 // which they used another equation of state, does not count: their own internal heat capacity.
 TEST(Transport, PublishedConductivities) {
