@@ -54,7 +54,7 @@ Reach::Reach(const Box& cell, const FitLimits& limits, const Real margin)
 Real Reach::highest(const Real temp) const {
   const Real hi = std::min(cell_.y_hi, reference::d_search_max);
   if (reference::properties(temp, hi).p <= p_max) return hi;
-  const Real top = reference::density_between<Real>(temp, p_max, 0.0L, hi, hi);
+  const Real top = reference::density<Real>(temp, p_max);
   return std::min(hi, top * (1.0L + margin_ / 100.0L));
 }
 
