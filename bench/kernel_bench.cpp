@@ -9,7 +9,7 @@
 #include "bench/states.hpp"
 #include "eos/helmholtz.hpp"
 #include "eos/properties.hpp"
-#include "tablegen/reference/span_wagner.hpp"
+#include "reference/span_wagner.hpp"
 
 namespace co2_properties::bench {
 namespace {

@@ -7,11 +7,11 @@
 #include <limits>
 #include <numeric>
 
+#include "reference/span_wagner.hpp"
 #include "tablegen/emit/number.hpp"
 #include "tablegen/emit/source.hpp"
 #include "tablegen/fit/patch_fit.hpp"
 #include "tablegen/parallel.hpp"
-#include "tablegen/reference/span_wagner.hpp"
 #include "tablegen/tilings/text_reader.hpp"
 
 namespace co2_properties::tablegen {

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "reference/span_wagner.hpp"
 #include "saturation/sat_density.hpp"
-#include "tablegen/reference/span_wagner.hpp"
 
 namespace co2_properties::tablegen {
 namespace {

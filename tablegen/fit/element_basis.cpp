@@ -5,8 +5,8 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "tablegen/reference/elementary.hpp"
-#include "tablegen/reference/span_wagner.hpp"
+#include "reference/elementary.hpp"
+#include "reference/span_wagner.hpp"
 
 namespace co2_properties::tablegen {
 namespace {

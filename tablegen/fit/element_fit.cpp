@@ -5,10 +5,10 @@
 
 #include "eos/helmholtz.hpp"
 #include "eos/properties.hpp"
+#include "reference/elementary.hpp"
+#include "reference/phase_equilibrium.hpp"
+#include "reference/span_wagner.hpp"
 #include "saturation/sat_density.hpp"
-#include "tablegen/reference/elementary.hpp"
-#include "tablegen/reference/phase_equilibrium.hpp"
-#include "tablegen/reference/span_wagner.hpp"
 
 namespace co2_properties::tablegen {
 namespace {

@@ -12,10 +12,10 @@
 
 #include "eos/helmholtz.hpp"
 #include "eos/properties.hpp"
+#include "reference/elementary.hpp"
 #include "tablegen/emit/number.hpp"
 #include "tablegen/emit/source.hpp"
 #include "tablegen/parallel.hpp"
-#include "tablegen/reference/elementary.hpp"
 
 namespace co2_properties::tablegen {
 namespace {

@@ -4,9 +4,9 @@
 #include <array>
 #include <cmath>
 
+#include "reference/elementary.hpp"
+#include "reference/span_wagner.hpp"
 #include "tablegen/fit/least_squares.hpp"
-#include "tablegen/reference/elementary.hpp"
-#include "tablegen/reference/span_wagner.hpp"
 
 namespace co2_properties::tablegen {
 namespace {

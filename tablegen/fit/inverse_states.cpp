@@ -6,8 +6,8 @@
 #include <optional>
 #include <stdexcept>
 
-#include "tablegen/reference/phase_equilibrium.hpp"
-#include "tablegen/reference/span_wagner.hpp"
+#include "reference/phase_equilibrium.hpp"
+#include "reference/span_wagner.hpp"
 
 namespace co2_properties::tablegen {
 namespace {

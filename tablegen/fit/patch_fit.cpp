@@ -5,7 +5,7 @@
 #include <cmath>
 #include <stdexcept>
 
-#include "tablegen/reference/span_wagner.hpp"
+#include "reference/span_wagner.hpp"
 
 namespace co2_properties::tablegen {
 namespace {

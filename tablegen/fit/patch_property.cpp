@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <cmath>
 
-#include "tablegen/reference/conductivity.hpp"
-#include "tablegen/reference/phase_equilibrium.hpp"
-#include "tablegen/reference/viscosity.hpp"
+#include "reference/conductivity.hpp"
+#include "reference/phase_equilibrium.hpp"
+#include "reference/viscosity.hpp"
 
 namespace co2_properties::tablegen {
 namespace {

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <cmath>
 
-#include "tablegen/reference/elementary.hpp"
-#include "tablegen/reference/phase_equilibrium.hpp"
-#include "tablegen/reference/span_wagner.hpp"
+#include "reference/elementary.hpp"
+#include "reference/phase_equilibrium.hpp"
+#include "reference/span_wagner.hpp"
 
 namespace co2_properties::tablegen {
 namespace {

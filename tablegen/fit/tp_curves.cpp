@@ -14,12 +14,12 @@
 #include "eos/helmholtz.hpp"
 #include "eos/locate_tp.hpp"
 #include "eos/properties.hpp"
+#include "reference/elementary.hpp"
 #include "saturation/sat_density.hpp"
 #include "tablegen/emit/number.hpp"
 #include "tablegen/emit/source.hpp"
 #include "tablegen/fit/least_squares.hpp"
 #include "tablegen/fit/reach.hpp"
-#include "tablegen/reference/elementary.hpp"
 #include "tablegen/tilings/element_tiling.hpp"
 
 namespace co2_properties::tablegen {

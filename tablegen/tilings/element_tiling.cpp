@@ -6,7 +6,7 @@
 #include <sstream>
 #include <stdexcept>
 
-#include "tablegen/reference/span_wagner.hpp"
+#include "reference/span_wagner.hpp"
 
 namespace co2_properties::tablegen {
 namespace {

@@ -14,7 +14,7 @@
 #include "api/co2_properties.hpp"
 #include "eos/element.hpp"
 #include "eos/helmholtz.hpp"
-#include "tablegen/reference/phase_equilibrium.hpp"
+#include "reference/phase_equilibrium.hpp"
 #include "tests/support/csv.hpp"
 
 namespace co2_properties::accuracy {

@@ -11,11 +11,11 @@
 #include <vector>
 
 #include "api/co2_properties.hpp"
+#include "reference/conductivity.hpp"
+#include "reference/phase_equilibrium.hpp"
+#include "reference/viscosity.hpp"
 #include "saturation/sat_density.hpp"
 #include "saturation/sat_pressure.hpp"
-#include "tablegen/reference/conductivity.hpp"
-#include "tablegen/reference/phase_equilibrium.hpp"
-#include "tablegen/reference/viscosity.hpp"
 #include "tests/support/outputs.hpp"
 
 namespace co2_properties {

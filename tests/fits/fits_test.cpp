@@ -11,8 +11,8 @@
 #include "fits/patch.hpp"
 #include "fits/sound_speed.hpp"
 #include "fits/viscosity.hpp"
-#include "tablegen/reference/conductivity.hpp"
-#include "tablegen/reference/phase_equilibrium.hpp"
+#include "reference/conductivity.hpp"
+#include "reference/phase_equilibrium.hpp"
 #include "tests/support/bits.hpp"
 #include "tests/support/csv.hpp"
 

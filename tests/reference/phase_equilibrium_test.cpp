@@ -1,4 +1,4 @@
-#include "tablegen/reference/phase_equilibrium.hpp"
+#include "reference/phase_equilibrium.hpp"
 
 #include <gtest/gtest.h>
 

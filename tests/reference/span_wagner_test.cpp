@@ -1,4 +1,4 @@
-#include "tablegen/reference/span_wagner.hpp"
+#include "reference/span_wagner.hpp"
 
 #include <gtest/gtest.h>
 

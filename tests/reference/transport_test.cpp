@@ -3,10 +3,10 @@
 #include <cmath>
 #include <string>
 
-#include "tablegen/reference/conductivity.hpp"
-#include "tablegen/reference/conductivity_2016.hpp"
-#include "tablegen/reference/viscosity.hpp"
-#include "tablegen/reference/viscosity_2017.hpp"
+#include "reference/conductivity.hpp"
+#include "reference/conductivity_2016.hpp"
+#include "reference/viscosity.hpp"
+#include "reference/viscosity_2017.hpp"
 #include "tests/support/csv.hpp"
 
 namespace co2_properties::reference {

@@ -8,8 +8,8 @@
 #include <iterator>
 #include <string>
 
+#include "reference/span_wagner.hpp"
 #include "tablegen/emit/inverse_table.hpp"
-#include "tablegen/reference/span_wagner.hpp"
 #include "tablegen/tilings/text_reader.hpp"
 
 namespace co2_properties::tablegen {

@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "reference/span_wagner.hpp"
 #include "tablegen/emit/patch_table.hpp"
-#include "tablegen/reference/span_wagner.hpp"
 #include "tablegen/tilings/text_reader.hpp"
 
 namespace co2_properties::tablegen {

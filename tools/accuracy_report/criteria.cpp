@@ -11,7 +11,7 @@
 #include <utility>
 
 #include "api/co2_properties.hpp"
-#include "tablegen/reference/span_wagner.hpp"
+#include "reference/span_wagner.hpp"
 
 namespace co2_properties::accuracy {
 namespace {

@@ -5,9 +5,9 @@
 
 #include "api/co2_properties.hpp"
 #include "fits/patch.hpp"
-#include "tablegen/reference/conductivity.hpp"
-#include "tablegen/reference/span_wagner.hpp"
-#include "tablegen/reference/viscosity.hpp"
+#include "reference/conductivity.hpp"
+#include "reference/span_wagner.hpp"
+#include "reference/viscosity.hpp"
 
 namespace co2_properties::accuracy {
 namespace {

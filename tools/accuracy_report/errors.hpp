@@ -48,7 +48,7 @@ struct StateErrors {
 
 /// Errors of `co2_td`, the reference in long double; nothing where the library reports no single
 /// phase. The references are Span & Wagner (1996), Fenghour et al. (1998) and Vesovic et al. (1990)
-/// as in tablegen/reference/.
+/// as in reference/.
 [[nodiscard]] std::optional<StateErrors> measure(double temp, double dens);
 
 /// The states around the critical point whose second derivatives have fits of their own.

@@ -7,8 +7,8 @@
 
 #include "accuracy_report/cell_edges.hpp"
 #include "api/co2_properties.hpp"
+#include "reference/phase_equilibrium.hpp"
 #include "tablegen/parallel.hpp"
-#include "tablegen/reference/phase_equilibrium.hpp"
 
 namespace co2_properties::accuracy {
 namespace {

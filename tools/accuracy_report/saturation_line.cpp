@@ -7,8 +7,8 @@
 
 #include "api/co2_properties.hpp"
 #include "eos/properties.hpp"
+#include "reference/phase_equilibrium.hpp"
 #include "tablegen/parallel.hpp"
-#include "tablegen/reference/phase_equilibrium.hpp"
 
 namespace co2_properties::accuracy {
 namespace {

@@ -13,10 +13,10 @@
 
 #include "accuracy_report/errors.hpp"
 #include "api/co2_properties.hpp"
+#include "reference/conductivity.hpp"
+#include "reference/conductivity_2016.hpp"
+#include "reference/viscosity_2017.hpp"
 #include "tablegen/parallel.hpp"
-#include "tablegen/reference/conductivity.hpp"
-#include "tablegen/reference/conductivity_2016.hpp"
-#include "tablegen/reference/viscosity_2017.hpp"
 
 namespace co2_properties::accuracy {
 namespace {

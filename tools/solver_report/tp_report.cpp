@@ -14,9 +14,9 @@
 #include "co2_properties.hpp"
 #include "eos/element.hpp"
 #include "eos/locate_tp.hpp"
+#include "reference/phase_equilibrium.hpp"
 #include "solver_report/states.hpp"
 #include "tablegen/parallel.hpp"
-#include "tablegen/reference/phase_equilibrium.hpp"
 
 namespace co2_properties::solver_report {
 namespace {

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <limits>
 
-#include "tablegen/reference/elementary.hpp"
+#include "reference/elementary.hpp"
 
 /// Equation of state of carbon dioxide: R. Span, W. Wagner, J. Phys. Chem. Ref. Data 25 (1996)
 /// 1509-1596. Specific Helmholtz energy a(T, rho) = R T [alpha0(tau, delta) + alphar(tau, delta)]

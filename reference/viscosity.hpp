@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tablegen/reference/elementary.hpp"
+#include "reference/elementary.hpp"
 
 namespace co2_properties::reference {
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "tablegen/reference/elementary.hpp"
-#include "tablegen/reference/span_wagner.hpp"
-#include "tablegen/reference/viscosity.hpp"
+#include "reference/elementary.hpp"
+#include "reference/span_wagner.hpp"
+#include "reference/viscosity.hpp"
 
 /// Thermal conductivity of carbon dioxide, W/(m K): V. Vesovic, W. A. Wakeham, G. A. Olchowy,
 /// J. V. Sengers, J. T. R. Watson, J. Millat, J. Phys. Chem. Ref. Data 19 (1990) 763-808, with the

@@ -3,8 +3,8 @@
 #include <cmath>
 #include <limits>
 
-#include "tablegen/reference/elementary.hpp"
-#include "tablegen/reference/span_wagner.hpp"
+#include "reference/elementary.hpp"
+#include "reference/span_wagner.hpp"
 
 /// Vapour-liquid equilibrium and density at given (temp, pres) of the Span-Wagner equation, for
 /// sampling. Where nothing is said, a bad input or a failed iteration gives NaN.

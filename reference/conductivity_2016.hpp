@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tablegen/reference/conductivity.hpp"
+#include "reference/conductivity.hpp"
 
 /// Thermal conductivity of carbon dioxide, W/(m K): M. L. Huber, E. A. Sykioti, M. J. Assael,
 /// R. A. Perkins, J. Phys. Chem. Ref. Data 45 (2016) 013102, 217 K to 1100 K and up to 200 MPa,

@@ -1,4 +1,4 @@
-#include "tablegen/reference/elementary.hpp"
+#include "reference/elementary.hpp"
 
 #include <mpfr.h>
 
