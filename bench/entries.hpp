@@ -1,7 +1,7 @@
 #pragma once
 // The four entries and their batch forms, as a list to loop over.
 
-#include "api/batch_levels.hpp"
+#include "api/batch/levels.hpp"
 #include "api/co2_properties.hpp"
 #include "bench/states.hpp"
 

@@ -5,11 +5,11 @@
 
 #include <cmath>
 
-#include "api/relocate.hpp"
 #include "bench/states.hpp"
 #include "eos/helmholtz.hpp"
 #include "eos/properties.hpp"
 #include "reference/span_wagner.hpp"
+#include "solvers/relocate.hpp"
 
 namespace co2_properties::bench {
 namespace {

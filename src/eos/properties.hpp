@@ -1,6 +1,6 @@
 #pragma once
 // Properties of a single-phase state from the derivatives of its Helmholtz energy: of one state, or
-// of several in lanes, see api/batch_lanes.hpp.
+// of several in lanes, see api/batch/lanes.hpp.
 
 #include "numbers/platform.hpp"
 

@@ -7,9 +7,9 @@
 
 #include <cstdint>
 
-#include "api/relocate.hpp"
 #include "eos/helmholtz.hpp"
 #include "solvers/inverse_cell.hpp"
+#include "solvers/relocate.hpp"
 #include "tests/support/digest.hpp"
 #include "tests/support/entries.hpp"
 

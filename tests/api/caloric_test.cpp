@@ -6,7 +6,7 @@
 #include <cmath>
 #include <random>
 
-#include "api/caloric_properties.hpp"
+#include "api/entries/caloric_properties.hpp"
 #include "tests/support/bits.hpp"
 #include "tests/support/entries.hpp"
 #include "tests/support/tolerance.hpp"

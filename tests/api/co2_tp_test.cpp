@@ -3,9 +3,9 @@
 #include <cmath>
 #include <random>
 
-#include "api/relocate.hpp"
-#include "api/solve_density.hpp"
 #include "eos/properties.hpp"
+#include "solvers/relocate.hpp"
+#include "solvers/solve_density.hpp"
 #include "tests/support/bits.hpp"
 #include "tests/support/entries.hpp"
 

@@ -11,7 +11,7 @@
 #include <random>
 #include <vector>
 
-#include "api/caloric_properties.hpp"
+#include "api/entries/caloric_properties.hpp"
 
 namespace co2_properties {
 namespace {

@@ -11,7 +11,7 @@
 #include <cstdio>
 #include <vector>
 
-#include "api/batch_levels.hpp"
+#include "api/batch/levels.hpp"
 #include "api/co2_properties.hpp"
 
 namespace co2_properties {

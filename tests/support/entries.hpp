@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "api/batch_levels.hpp"
+#include "api/batch/levels.hpp"
 #include "api/co2_properties.h"
 #include "api/co2_properties.hpp"
 #include "tests/support/bits.hpp"

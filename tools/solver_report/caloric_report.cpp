@@ -9,7 +9,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "api/caloric_properties.hpp"
+#include "api/entries/caloric_properties.hpp"
 #include "solver_report/caloric_states.hpp"
 #include "solver_report/findings.hpp"
 #include "tablegen/parallel.hpp"

@@ -9,11 +9,11 @@
 #include <cstdint>
 #include <vector>
 
-#include "api/relocate.hpp"
 #include "co2_properties.hpp"
 #include "eos/element.hpp"
 #include "solver_report/caloric_states.hpp"
 #include "solver_report/findings.hpp"
+#include "solvers/relocate.hpp"
 #include "tablegen/parallel.hpp"
 
 namespace co2_properties::solver_report {

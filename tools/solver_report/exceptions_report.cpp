@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "api/batch_levels.hpp"
+#include "api/batch/levels.hpp"
 #include "solver_report/limit_states.hpp"
 #include "solver_report/limits_report.hpp"
 #include "solver_report/states.hpp"

@@ -10,8 +10,8 @@
 #include <vector>
 
 #include "api/co2_properties.hpp"
-#include "api/relocate.hpp"
 #include "solver_report/limit_states.hpp"
+#include "solvers/relocate.hpp"
 #include "tablegen/parallel.hpp"
 
 namespace co2_properties::solver_report {

@@ -9,13 +9,13 @@
 #include <map>
 #include <vector>
 
-#include "api/relocate.hpp"
-#include "api/solve_density.hpp"
 #include "co2_properties.hpp"
 #include "eos/element.hpp"
 #include "eos/locate_tp.hpp"
 #include "reference/phase_equilibrium.hpp"
 #include "solver_report/states.hpp"
+#include "solvers/relocate.hpp"
+#include "solvers/solve_density.hpp"
 #include "tablegen/parallel.hpp"
 
 namespace co2_properties::solver_report {

@@ -3,37 +3,15 @@
 #include <cmath>
 
 #include "api/co2_properties.hpp"
-#include "api/places.hpp"
-#include "api/relocate.hpp"
-#include "api/state_writer.hpp"
+#include "api/entries/places.hpp"
+#include "api/entries/state_writer.hpp"
 #include "eos/helmholtz.hpp"
 #include "eos/locate_td.hpp"
 #include "eos/properties.hpp"
+#include "saturation/phase.hpp"
+#include "solvers/relocate.hpp"
 
 namespace co2_properties {
-namespace {
-
-enum class Phase { vapour, liquid, two_phase };
-
-/// Phase below the critical temperature. The densities of saturation are evaluated only where the
-/// decision needs them: the vapour is never denser than 467.61 kg/m3 and, above 301 K, the two lie
-/// between 286.14 and 658.70 kg/m3.
-Phase decide_phase(const double temp, const double dens, SaturatedDensities& sat) noexcept {
-  if (temp > 301.0) {
-    if (dens < 286.0) return Phase::vapour;
-    if (dens > 659.0) return Phase::liquid;
-  }
-  if (dens <= 468.0) {
-    sat.vap = calc_sat_vap_dens(temp);
-    if (dens <= sat.vap) return Phase::vapour;
-  }
-  sat.liq = calc_sat_liq_dens(temp);
-  if (dens >= sat.liq) return Phase::liquid;
-  if (sat.vap < 0.0) sat.vap = calc_sat_vap_dens(temp);
-  return Phase::two_phase;
-}
-
-}  // namespace
 
 TdPlace place_td(const double temp, const double dens) noexcept {
   if (dens < dens_min) return {status::td_pres_below_min};
@@ -43,7 +21,7 @@ TdPlace place_td(const double temp, const double dens) noexcept {
   }
   if (temp < temp_min) return {status::td_temp_below_min};
   TdPlace place;
-  switch (decide_phase(temp, dens, place.sat)) {
+  switch (phase_from_td(temp, dens, place.sat)) {
     case Phase::vapour:
       place.element = find_cell(vapour_map, temp, dens);
       break;
@@ -82,16 +60,6 @@ void co2_td(const double& temp_in, const double& dens_in, std::int32_t& ierr,
   const double temp = temp_in;  // copies: an output may lie where an input does
   const double dens = dens_in;
   finish_td(place_td(temp, dens), temp, dens, ierr, out);
-}
-
-void co2_td(const double& temp_in, const double& dens_in, std::int32_t& ierr, double* temp,
-            double* pres, double* dens, double* svol, double* qual, double* inte, double* enth,
-            double* entr, double* cv, double* cp, double* ssnd, double* visc, double* cond,
-            double* dpdd, double* dpdt, double* dhdd, double* dhdt, double* dsdd,
-            double* dsdt) noexcept {
-  co2_td(temp_in, dens_in, ierr,
-         OutputSet{temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, ssnd, visc, cond, dpdd,
-                   dpdt, dhdd, dhdt, dsdd, dsdt});
 }
 
 }  // namespace co2_properties

@@ -4,8 +4,9 @@
 #include <cmath>
 #include <cstdint>
 
-#include "api/batch_levels.hpp"
-#include "api/caloric_entry.hpp"
+#include "api/co2_properties.hpp"
+#include "api/entries/caloric_entry.hpp"
+#include "api/entries/places.hpp"
 #include "solvers/inverse_cell.hpp"
 
 namespace co2_properties {

@@ -4,8 +4,9 @@
 
 #include <iterator>
 
-#include "api/batch_levels.hpp"
+#include "api/batch/levels.hpp"
 #include "api/co2_properties.hpp"
+#include "api/entries/places.hpp"
 
 namespace co2_properties {
 namespace {

@@ -1,5 +1,5 @@
 // Batch entries with `lane_count` states side by side, for the source files that define this number
-// and the instruction set (batch_avx2.cpp, batch_avx512.cpp). No #pragma once: everything here
+// and the instruction set (avx2.cpp, avx512.cpp). No #pragma once: everything here
 // belongs to the one file that includes it, and nothing of it may be shared with another.
 //
 // States are taken one by one up to the element that holds them or starts their iteration. Those

@@ -5,24 +5,12 @@
 
 #include "co2_properties/helmholtz_derivatives.hpp"
 #include "co2_properties/output_set.hpp"
+#include "saturation/phase.hpp"
 
 namespace co2_properties {
 
 /// Reports an error: the code, and every present output +0.0.
 void fail(std::int32_t code, std::int32_t& ierr, const OutputSet& out) noexcept;
-
-/// Vapour mass fraction by the lever rule; not clipped, exactly 1 at `dens_vap`, 0 at `dens_liq`.
-[[nodiscard]] inline double lever_quality(const double dens, const double dens_liq,
-                                          const double dens_vap) noexcept {
-  return (dens_liq - dens) * dens_vap / ((dens_liq - dens_vap) * dens);
-}
-
-/// Saturated densities at one temperature, kg/m3, as far as they have been evaluated.
-struct SaturatedDensities {
-  static constexpr double unknown = -100.0;
-  double liq = unknown;
-  double vap = unknown;
-};
 
 /// `qual` of a single phase: the lever value or, where there is no saturation, a mark.
 /// \param mark_pres, sat  as for `write_single_phase`
@@ -48,17 +36,6 @@ struct SaturatedDensities {
 /// and the speed of sound come from their own fits.
 void write_single_phase(const HelmholtzDerivatives& d, double temp, double dens, double mark_pres,
                         const SaturatedDensities& sat, const OutputSet& out) noexcept;
-
-/// One end of the tie line at a temperature.
-struct SaturatedPhase {
-  std::int32_t element;
-  double dens;  ///< kg/m3
-  HelmholtzDerivatives d;
-};
-
-/// \param dens  saturated density of the phase at `temp`, K
-[[nodiscard]] SaturatedPhase saturated_liquid(double temp, double dens) noexcept;
-[[nodiscard]] SaturatedPhase saturated_vapour(double temp, double dens) noexcept;
 
 /// Writes a mixture of saturated liquid and vapour: the pressure of the vapour, energies and
 /// entropy weighted by `qual`, and +0.0 for everything that has no value in two phases.

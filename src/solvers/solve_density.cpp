@@ -1,11 +1,11 @@
 #include "numbers/platform.hpp"
 
-#include "api/solve_density.hpp"
+#include "solvers/solve_density.hpp"
 
 #include <cmath>
 
-#include "api/relocate.hpp"
 #include "eos/element.hpp"
+#include "solvers/relocate.hpp"
 
 namespace co2_properties {
 namespace {

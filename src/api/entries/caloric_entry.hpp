@@ -1,7 +1,7 @@
 #pragma once
 // States from pressure and a caloric property: what `co2_ph` and `co2_ps` share.
 //
-// The templates take the property as a type, see api/caloric_properties.hpp. It provides
+// The templates take the property as a type, see api/entries/caloric_properties.hpp. It provides
 //   codes                             what the entry reports
 //   least, greatest                   between which start values are finite, beyond all states
 //   start(caloric, pres, temp, dens)  start values; returns whether the state may be two-phase
@@ -11,12 +11,16 @@
 #include <cmath>
 #include <cstdint>
 
-#include "api/co2_properties.hpp"
-#include "api/relocate.hpp"
-#include "api/solve_density.hpp"
-#include "api/state_writer.hpp"
+#include "api/entries/state_writer.hpp"
+#include "co2_properties/limits.hpp"
+#include "co2_properties/status.hpp"
 #include "eos/helmholtz.hpp"
-#include "eos/properties.hpp"
+#include "eos/locate_td.hpp"
+#include "eos/locate_tp.hpp"
+#include "saturation/phase.hpp"
+#include "solvers/relocate.hpp"
+#include "solvers/solve_caloric.hpp"
+#include "solvers/solve_density.hpp"
 
 namespace co2_properties {
 
@@ -111,104 +115,7 @@ template <class Caloric>
   return s;
 }
 
-// ---- Iteration ---------------------------------------------------------------------------------
-
-/// What is asked for: pressure, kPa, and the caloric property, with the residuals that are small
-/// enough.
-struct CaloricTarget {
-  double pres;
-  double caloric;
-  double pres_tolerance;
-  double caloric_tolerance;
-};
-
-/// Share of the magnitude, but not less than the share of one unit: caloric properties have
-/// arbitrary zero points.
-[[nodiscard]] inline double at_least_of_unit(const double share, const double value) noexcept {
-  return share * std::abs(value) > share ? share * std::abs(value) : share;
-}
-
-[[nodiscard]] inline CaloricTarget caloric_target(const double pres,
-                                                  const double caloric) noexcept {
-  constexpr double tolerance = 1e-11;
-  return {pres, caloric, tolerance * pres, at_least_of_unit(tolerance, caloric)};
-}
-
-/// Where the iteration on temperature and density ended.
-struct CaloricSolution {
-  std::int32_t element;  ///< holds temp and dens, or nearly so
-  double temp;
-  double dens;
-  HelmholtzDerivatives d;   ///< at temp and dens
-  double pres_residual;     ///< of the last evaluation in the loop
-  double caloric_residual;  ///< likewise
-  std::int32_t evaluations;
-  bool served = true;  ///< by an element: not lost, nor beyond the elements
-};
-
-/// The number of evaluations that ends an iteration which has not met its target.
-inline constexpr std::int32_t last_evaluation = 16;
-
-/// One Newton step, to be subtracted; for one state or for lanes. By Cramer's rule, which divides
-/// once: an elimination would divide three times in a row.
-template <class Real>
-struct CaloricStep {
-  Real temp, dens;
-};
-template <class Caloric, class Derivatives, class Real>
-[[nodiscard, gnu::always_inline]] inline CaloricStep<Real> caloric_step(
-    const Derivatives& d, const Real& temp, const Real& dens, const Real& pres_residual,
-    const Real& caloric_residual) noexcept {
-  const Real p_d = dpdd(d, dens);
-  const Real p_t = dpdt(d, dens);
-  const Real c_d = Caloric::by_dens(d, temp, dens);
-  const Real c_t = Caloric::by_temp(d, temp, dens);
-  const Real determinant = c_t * p_d - c_d * p_t;
-  return {(caloric_residual * p_d - pres_residual * c_d) / determinant,
-          (pres_residual * c_t - caloric_residual * p_t) / determinant};
-}
-
-/// Newton's method in temperature and density on the elements.
-/// \param first       element to start with
-/// \param temp, dens  start values, K and kg/m3
-///
-/// Steps are neither limited nor damped: from the start values two or three of them lead to the
-/// tolerance. The Jacobian is regular also where the isotherm is flat, since its determinant is cv
-/// times dp/drho at constant entropy (over T for the entropy), which are both positive. An iterate
-/// that leads nowhere, and NaN, ends the iteration as if all evaluations had been made.
-template <class Caloric>
-[[nodiscard]] CaloricSolution solve_caloric(const CaloricTarget& target, const std::int32_t first,
-                                            const double temp, const double dens) noexcept {
-  CaloricSolution s{first, temp, dens, {}, 0.0, 0.0, 1};
-  const auto evaluate_here = [&s] {
-    s.served = serves(element(s.element), s.temp, s.dens);
-    if (!s.served) {
-      if (!is_promising(s.temp, s.dens)) {
-        s.evaluations = last_evaluation;
-        return false;
-      }
-      s.element = relocate(s.temp, s.dens);
-      s.served = serves(element(s.element), s.temp, s.dens);
-    }
-    s.d = evaluate(element(s.element), s.temp, s.dens, std::log(s.dens));
-    return true;
-  };
-  while (evaluate_here()) {
-    if (s.evaluations == last_evaluation) break;
-    s.pres_residual = pressure(s.d, s.dens) - target.pres;
-    s.caloric_residual = Caloric::value(s.d, s.temp, s.dens) - target.caloric;
-    if (std::abs(s.pres_residual) < target.pres_tolerance &&
-        std::abs(s.caloric_residual) < target.caloric_tolerance) {
-      break;
-    }
-    const auto step =
-        caloric_step<Caloric>(s.d, s.temp, s.dens, s.pres_residual, s.caloric_residual);
-    s.temp -= step.temp;
-    s.dens -= step.dens;
-    ++s.evaluations;
-  }
-  return s;
-}
+// ---- Verdict -----------------------------------------------------------------------------------
 
 /// Half the width of the band around the critical temperature, K, in which isotherms are flat.
 inline constexpr double critical_band = 0.08;
@@ -235,34 +142,6 @@ inline constexpr double critical_band = 0.08;
     return status::success;
   }
   return codes.not_converged;
-}
-
-// ---- Phase -------------------------------------------------------------------------------------
-//
-// Polynomials extrapolated from one side of the dome to the other may meet pressure and property
-// too. Below the critical temperature the saturation temperature of the pressure tells them from
-// states: liquid is colder, vapour hotter.
-
-/// Whether that is certain without the saturation temperature, which curves down over pressure: it
-/// lies below any tangent and, on the saturation line, above the chord. For one state or for lanes.
-template <class Real>
-[[nodiscard, gnu::always_inline]] inline auto surely_has_phase(const Real& pres, const Real& temp,
-                                                               const Real& dens) noexcept {
-  constexpr double chord = (t_crit - temp_sat_min) / (p_crit - pres_sat_min);
-  const auto liq = (pres > p_crit + 1.0) | (temp < temp_sat_min + chord * (pres - pres_sat_min));
-  const auto vap = temp > 278.5 + 0.0098 * (pres - 4000.0);
-  return (temp >= t_crit) | ((dens > d_crit) & liq) | ((dens <= d_crit) & vap);
-}
-
-/// Whether a solution at `pres`, kPa, lies on its own side of the dome. This close to it the other
-/// deciders, densities and saturation pressures, may differ; see docs/errors.md.
-[[nodiscard]] inline bool has_phase(const double pres, const double temp,
-                                    const double dens) noexcept {
-  if (surely_has_phase(pres, temp, dens) != 0) return true;
-  constexpr double undecided = 1e-4;  // K
-  constexpr double highest = 7400.0;  // kPa, where the last piece still rises
-  const double temp_sat = calc_sat_temp(pres < highest ? pres : highest);
-  return dens > d_crit ? temp < temp_sat + undecided : temp > temp_sat - undecided;
 }
 
 // ---- Entry -------------------------------------------------------------------------------------

@@ -1,12 +1,18 @@
 #pragma once
-// The tests of the inputs, and the element that they lead to.
+// The entries in two halves: the tests of the inputs with the element that they lead to, and the
+// rest.
 
 #include <cstdint>
 
-#include "api/state_writer.hpp"
+#include "co2_properties/output_set.hpp"
 #include "co2_properties/status.hpp"
+#include "saturation/phase.hpp"
 
 namespace co2_properties {
+
+/// The form of the entries for one state.
+using SingleEntry = void (*)(const double&, const double&, std::int32_t&,
+                             const OutputSet&) noexcept;
 
 /// Where `co2_td` evaluates a state.
 struct TdPlace {

@@ -1,10 +1,12 @@
 #include "numbers/platform.hpp"
 
-#include "api/state_writer.hpp"
+#include "api/entries/state_writer.hpp"
 
 #include "api/co2_properties.hpp"
+#include "co2_properties/limits.hpp"
 #include "eos/properties.hpp"
 #include "fits/patch.hpp"
+#include "saturation/sat_density.hpp"
 
 namespace co2_properties {
 namespace {
@@ -25,6 +27,16 @@ double single_phase_quality(const double temp, const double dens, const double m
     return lever_quality(dens, dens_liq, dens_vap);
   }
   return mark_pres < p_crit ? below_crit_pres : above_crit_pres;
+}
+
+void zero_outputs(const OutputSet& out) noexcept {
+  double* const slots[] = {out.temp, out.pres, out.dens, out.svol, out.qual, out.inte, out.enth,
+                           out.entr, out.cv,   out.cp,   out.ssnd, out.visc, out.cond, out.dpdd,
+                           out.dpdt, out.dhdd, out.dhdt, out.dsdd, out.dsdt};
+  static_assert(sizeof slots == sizeof(OutputSet), "one slot for each output");
+  for (double* const slot : slots) {
+    if (slot != nullptr) *slot = 0.0;
+  }
 }
 
 void fail(const std::int32_t code, std::int32_t& ierr, const OutputSet& out) noexcept {
@@ -63,16 +75,6 @@ void write_single_phase(const HelmholtzDerivatives& d, const double temp, const 
   if (out.dhdt != nullptr) *out.dhdt = dhdt(d, temp, dens);
   if (out.dsdd != nullptr) *out.dsdd = dsdd(d);
   if (out.dsdt != nullptr) *out.dsdt = dsdt(d);
-}
-
-SaturatedPhase saturated_liquid(const double temp, const double dens) noexcept {
-  const std::int32_t e = liq_index_from_td(temp, dens);
-  return {e, dens, element_derivatives(e, temp, dens)};
-}
-
-SaturatedPhase saturated_vapour(const double temp, const double dens) noexcept {
-  const std::int32_t e = vap_index_from_td(temp, dens);
-  return {e, dens, element_derivatives(e, temp, dens)};
 }
 
 void write_two_phase(const double temp, const double dens, const double qual,

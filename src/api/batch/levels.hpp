@@ -39,10 +39,6 @@ class OutputCursor {
   const StridedSpan<double>* arrays_[output_count];
 };
 
-/// The form of the entries for one state.
-using SingleEntry = void (*)(const double&, const double&, std::int32_t&,
-                             const OutputSet&) noexcept;
-
 /// The four entries for one instruction set.
 struct BatchEntries {
   using Run = void (*)(const Batch&) noexcept;

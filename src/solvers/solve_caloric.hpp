@@ -1,0 +1,114 @@
+#pragma once
+// Temperature and density from pressure and a caloric property.
+//
+// The templates take the property as a type that has
+//   value, by_dens, by_temp  the property and its derivatives, from those of the Helmholtz energy
+
+#include <cmath>
+#include <cstdint>
+
+#include "eos/element.hpp"
+#include "eos/helmholtz.hpp"
+#include "eos/properties.hpp"
+#include "solvers/relocate.hpp"
+
+namespace co2_properties {
+
+/// What is asked for: pressure, kPa, and the caloric property, with the residuals that are small
+/// enough.
+struct CaloricTarget {
+  double pres;
+  double caloric;
+  double pres_tolerance;
+  double caloric_tolerance;
+};
+
+/// Share of the magnitude, but not less than the share of one unit: caloric properties have
+/// arbitrary zero points.
+[[nodiscard]] inline double at_least_of_unit(const double share, const double value) noexcept {
+  return share * std::abs(value) > share ? share * std::abs(value) : share;
+}
+
+[[nodiscard]] inline CaloricTarget caloric_target(const double pres,
+                                                  const double caloric) noexcept {
+  constexpr double tolerance = 1e-11;
+  return {pres, caloric, tolerance * pres, at_least_of_unit(tolerance, caloric)};
+}
+
+/// Where the iteration on temperature and density ended.
+struct CaloricSolution {
+  std::int32_t element;  ///< holds temp and dens, or nearly so
+  double temp;
+  double dens;
+  HelmholtzDerivatives d;   ///< at temp and dens
+  double pres_residual;     ///< of the last evaluation in the loop
+  double caloric_residual;  ///< likewise
+  std::int32_t evaluations;
+  bool served = true;  ///< by an element: not lost, nor beyond the elements
+};
+
+/// The number of evaluations that ends an iteration which has not met its target.
+inline constexpr std::int32_t last_evaluation = 16;
+
+/// One Newton step, to be subtracted; for one state or for lanes. By Cramer's rule, which divides
+/// once: an elimination would divide three times in a row.
+template <class Real>
+struct CaloricStep {
+  Real temp, dens;
+};
+template <class Caloric, class Derivatives, class Real>
+[[nodiscard, gnu::always_inline]] inline CaloricStep<Real> caloric_step(
+    const Derivatives& d, const Real& temp, const Real& dens, const Real& pres_residual,
+    const Real& caloric_residual) noexcept {
+  const Real p_d = dpdd(d, dens);
+  const Real p_t = dpdt(d, dens);
+  const Real c_d = Caloric::by_dens(d, temp, dens);
+  const Real c_t = Caloric::by_temp(d, temp, dens);
+  const Real determinant = c_t * p_d - c_d * p_t;
+  return {(caloric_residual * p_d - pres_residual * c_d) / determinant,
+          (pres_residual * c_t - caloric_residual * p_t) / determinant};
+}
+
+/// Newton's method in temperature and density on the elements.
+/// \param first       element to start with
+/// \param temp, dens  start values, K and kg/m3
+///
+/// Steps are neither limited nor damped: from the start values two or three of them lead to the
+/// tolerance. The Jacobian is regular also where the isotherm is flat, since its determinant is cv
+/// times dp/drho at constant entropy (over T for the entropy), which are both positive. An iterate
+/// that leads nowhere, and NaN, ends the iteration as if all evaluations had been made.
+template <class Caloric>
+[[nodiscard]] CaloricSolution solve_caloric(const CaloricTarget& target, const std::int32_t first,
+                                            const double temp, const double dens) noexcept {
+  CaloricSolution s{first, temp, dens, {}, 0.0, 0.0, 1};
+  const auto evaluate_here = [&s] {
+    s.served = serves(element(s.element), s.temp, s.dens);
+    if (!s.served) {
+      if (!is_promising(s.temp, s.dens)) {
+        s.evaluations = last_evaluation;
+        return false;
+      }
+      s.element = relocate(s.temp, s.dens);
+      s.served = serves(element(s.element), s.temp, s.dens);
+    }
+    s.d = evaluate(element(s.element), s.temp, s.dens, std::log(s.dens));
+    return true;
+  };
+  while (evaluate_here()) {
+    if (s.evaluations == last_evaluation) break;
+    s.pres_residual = pressure(s.d, s.dens) - target.pres;
+    s.caloric_residual = Caloric::value(s.d, s.temp, s.dens) - target.caloric;
+    if (std::abs(s.pres_residual) < target.pres_tolerance &&
+        std::abs(s.caloric_residual) < target.caloric_tolerance) {
+      break;
+    }
+    const auto step =
+        caloric_step<Caloric>(s.d, s.temp, s.dens, s.pres_residual, s.caloric_residual);
+    s.temp -= step.temp;
+    s.dens -= step.dens;
+    ++s.evaluations;
+  }
+  return s;
+}
+
+}  // namespace co2_properties
