@@ -1,12 +1,12 @@
 #pragma once
 // Temperature and density from pressure and a caloric property.
 //
-// The templates take the property as a type that has
-//   value, by_dens, by_temp  the property and its derivatives, from those of the Helmholtz energy
+// The templates take the property as a type, see eos/property_types.hpp.
 
 #include <cmath>
 #include <cstdint>
 
+#include "co2_properties/limits.hpp"
 #include "eos/element.hpp"
 #include "eos/helmholtz.hpp"
 #include "eos/properties.hpp"
@@ -56,14 +56,14 @@ template <class Real>
 struct CaloricStep {
   Real temp, dens;
 };
-template <class Caloric, class Derivatives, class Real>
+template <class Property, class Derivatives, class Real>
 [[nodiscard, gnu::always_inline]] inline CaloricStep<Real> caloric_step(
     const Derivatives& d, const Real& temp, const Real& dens, const Real& pres_residual,
     const Real& caloric_residual) noexcept {
   const Real p_d = dpdd(d, dens);
   const Real p_t = dpdt(d, dens);
-  const Real c_d = Caloric::by_dens(d, temp, dens);
-  const Real c_t = Caloric::by_temp(d, temp, dens);
+  const Real c_d = Property::by_dens(d, temp, dens);
+  const Real c_t = Property::by_temp(d, temp, dens);
   const Real determinant = c_t * p_d - c_d * p_t;
   return {(caloric_residual * p_d - pres_residual * c_d) / determinant,
           (pres_residual * c_t - caloric_residual * p_t) / determinant};
@@ -77,7 +77,7 @@ template <class Caloric, class Derivatives, class Real>
 /// tolerance. The Jacobian is regular also where the isotherm is flat, since its determinant is cv
 /// times dp/drho at constant entropy (over T for the entropy), which are both positive. An iterate
 /// that leads nowhere, and NaN, ends the iteration as if all evaluations had been made.
-template <class Caloric>
+template <class Property>
 [[nodiscard]] CaloricSolution solve_caloric(const CaloricTarget& target, const std::int32_t first,
                                             const double temp, const double dens) noexcept {
   CaloricSolution s{first, temp, dens, {}, 0.0, 0.0, 1};
@@ -97,18 +97,52 @@ template <class Caloric>
   while (evaluate_here()) {
     if (s.evaluations == last_evaluation) break;
     s.pres_residual = pressure(s.d, s.dens) - target.pres;
-    s.caloric_residual = Caloric::value(s.d, s.temp, s.dens) - target.caloric;
+    s.caloric_residual = Property::value(s.d, s.temp, s.dens) - target.caloric;
     if (std::abs(s.pres_residual) < target.pres_tolerance &&
         std::abs(s.caloric_residual) < target.caloric_tolerance) {
       break;
     }
     const auto step =
-        caloric_step<Caloric>(s.d, s.temp, s.dens, s.pres_residual, s.caloric_residual);
+        caloric_step<Property>(s.d, s.temp, s.dens, s.pres_residual, s.caloric_residual);
     s.temp -= step.temp;
     s.dens -= step.dens;
     ++s.evaluations;
   }
   return s;
+}
+
+/// Half the width of the band around the critical temperature, K, in which isotherms are flat.
+inline constexpr double critical_band = 0.08;
+
+/// How well a result agrees with its target.
+enum class Agreement {
+  close,
+  loose,  ///< to a hundredth, in the band around the critical temperature
+  none,   ///< it belongs to another state, or to none
+};
+
+/// Verdict on where an iteration ended. One that did not converge in time may still be close. In
+/// the band around the critical temperature, where the isotherms are flat, a loose result is still
+/// a result; iterations that are lost may pass through the band, though: what is off by more than
+/// a hundredth is no result.
+[[nodiscard]] inline Agreement judge_agreement(const CaloricSolution& s,
+                                               const CaloricTarget& target) noexcept {
+  if (s.evaluations < last_evaluation) return Agreement::close;
+  const double pres_error = std::abs(s.pres_residual);
+  const double caloric_error = std::abs(s.caloric_residual);
+  if (std::abs(s.temp - t_crit) <= critical_band) {
+    const auto within = [&](const double share) {
+      return pres_error <= share * target.pres &&
+             caloric_error <= at_least_of_unit(share, target.caloric);
+    };
+    if (within(1e-4)) return Agreement::close;
+    return within(1e-2) ? Agreement::loose : Agreement::none;
+  }
+  if (pres_error <= 10.0 * target.pres_tolerance &&
+      caloric_error <= 100.0 * target.caloric_tolerance) {
+    return Agreement::close;
+  }
+  return Agreement::none;
 }
 
 }  // namespace co2_properties

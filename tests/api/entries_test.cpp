@@ -11,7 +11,7 @@
 #include <random>
 #include <vector>
 
-#include "api/entries/caloric_properties.hpp"
+#include "solvers/solve_caloric.hpp"
 
 namespace co2_properties {
 namespace {

@@ -9,9 +9,14 @@
 #include <cstdint>
 #include <vector>
 
-#include "api/entries/caloric_properties.hpp"
+#include "api/co2_properties.hpp"
+#include "api/entries/caloric_entry.hpp"
+#include "api/entries/places.hpp"
+#include "eos/property_types.hpp"
 #include "solver_report/caloric_states.hpp"
 #include "solver_report/findings.hpp"
+#include "solvers/inverse_cell.hpp"
+#include "solvers/solve_caloric.hpp"
 #include "tablegen/parallel.hpp"
 
 namespace co2_properties::solver_report {
@@ -33,7 +38,9 @@ constexpr double mean_critical_bound = 6.0;
 // ---- The two entries ---------------------------------------------------------------------------
 
 struct ByEnthalpy {
-  using Caloric = Enthalpy;
+  using Property = Enthalpy;
+  static constexpr CaloricCodes codes = ph_codes;
+  static constexpr auto place = place_ph;
   static constexpr const char* name = "co2_ph";
   static constexpr void (*entry)(const double&, const double&, std::int32_t&,
                                  const OutputSet&) noexcept = co2_ph;
@@ -44,7 +51,9 @@ struct ByEnthalpy {
 };
 
 struct ByEntropy {
-  using Caloric = Entropy;
+  using Property = Entropy;
+  static constexpr CaloricCodes codes = ps_codes;
+  static constexpr auto place = place_ps;
   static constexpr const char* name = "co2_ps";
   static constexpr void (*entry)(const double&, const double&, std::int32_t&,
                                  const OutputSet&) noexcept = co2_ps;
@@ -155,9 +164,9 @@ bool other_phase(const FullState& s, const FullState& found) {
 template <class By>
 std::int32_t count_iteration(const double pres, const double caloric, const Returned& r,
                              Counts& counts, Tally& tally) {
-  const CaloricStart start = start_caloric<typename By::Caloric>(pres, caloric);
+  const CaloricStart start = By::place(pres, caloric);
   if (start.is_mixture) return 0;
-  const CaloricSolution s = solve_caloric<typename By::Caloric>(
+  const CaloricSolution s = solve_caloric<typename By::Property>(
       caloric_target(pres, caloric), start.element, start.temp, start.dens);
   ++counts.iterated;
   counts.evaluations += static_cast<std::uint64_t>(s.evaluations);
@@ -205,7 +214,7 @@ void round_trip(const FullState& s, const std::size_t stratum, Tally& tally) {
     return Finding{
         size, s.temp, s.dens, s.pres, found.temp, found.dens, caloric_strata[stratum].name};
   };
-  if (!count_code(r, By::Caloric::codes, finding(0.0), counts, tally)) return;
+  if (!count_code(r, By::codes, finding(0.0), counts, tally)) return;
   if (other_phase(s, found)) {
     ++counts.other_phase;
     const double size = s.temp < t_crit ? from_saturation(s.qual) : 0.0;
@@ -257,7 +266,7 @@ void from_inputs(const CaloricSource::Inputs& in, const std::size_t stratum, Tal
   if (r.ierr == 0 && full_state(r.state.temp, r.state.dens, s)) round_trip<By>(s, stratum, tally);
   ++counts.states;
   count_iteration<By>(in.pres, in.caloric, r, counts, tally);
-  if (!count_code(r, By::Caloric::codes, f, counts, tally)) return;
+  if (!count_code(r, By::codes, f, counts, tally)) return;
   Finding caloric = f;
   caloric.size = caloric_error(r.state.*By::caloric, in.caloric);
   tally.caloric.note(caloric);

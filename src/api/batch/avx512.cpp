@@ -19,11 +19,11 @@
 #include <utility>
 
 #include "api/co2_properties.hpp"
-#include "api/entries/caloric_properties.hpp"
 #include "api/entries/places.hpp"
 #include "api/entries/state_writer.hpp"
 #include "eos/helmholtz.hpp"
 #include "eos/properties.hpp"
+#include "eos/property_types.hpp"
 #include "saturation/phase.hpp"
 #include "solvers/relocate.hpp"
 #include "solvers/solve_caloric.hpp"

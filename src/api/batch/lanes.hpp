@@ -259,12 +259,12 @@ struct TpLanes {
 };
 
 /// Pressure and enthalpy or entropy.
-template <class Caloric>
+template <class Property, SingleEntry entry, auto place_entry, auto finish_entry>
 struct CaloricLanes {
-  static constexpr SingleEntry single = Caloric::entry;
+  static constexpr SingleEntry single = entry;
 
-  static constexpr auto place = Caloric::place;
-  static constexpr auto finish = Caloric::finish;
+  static constexpr auto place = place_entry;
+  static constexpr auto finish = finish_entry;
 
   static bool take(const CaloricStart& start, const double pres, const double caloric,
                    LaneStates& states, const std::size_t k) {
@@ -299,10 +299,10 @@ struct CaloricLanes {
       follow(states, temp, dens, met, left);
       d = evaluate_lanes(lane_isotherm(states.cell, temp), dens, logarithm(dens));
       const Lanes pres_residual = pressure(d, dens) - pres;
-      const Lanes caloric_residual = Caloric::value(d, temp, dens) - caloric;
+      const Lanes caloric_residual = Property::value(d, temp, dens) - caloric;
       met |= (absolute(pres_residual) < pres_close) & (absolute(caloric_residual) < caloric_close);
       if (!any(~(met | left))) break;
-      const auto move = caloric_step<Caloric>(d, temp, dens, pres_residual, caloric_residual);
+      const auto move = caloric_step<Property>(d, temp, dens, pres_residual, caloric_residual);
       temp = met ? temp : temp - move.temp;
       dens = met ? dens : dens - move.dens;
     }
@@ -363,9 +363,10 @@ void run_lanes(const Batch& batch) noexcept {
   for (std::size_t k = 0; k < filled; ++k) alone(states.index[k]);
 }
 
-constexpr BatchEntries lane_entries = {run_lanes<TdLanes>, run_lanes<TpLanes>,
-                                       run_lanes<CaloricLanes<Enthalpy>>,
-                                       run_lanes<CaloricLanes<Entropy>>};
+constexpr BatchEntries lane_entries = {
+    run_lanes<TdLanes>, run_lanes<TpLanes>,
+    run_lanes<CaloricLanes<Enthalpy, co2_ph, place_ph, finish_ph>>,
+    run_lanes<CaloricLanes<Entropy, co2_ps, place_ps, finish_ps>>};
 
 }  // namespace
 }  // namespace co2_properties

@@ -37,4 +37,27 @@ struct TpPlace {
 void finish_tp(const TpPlace& place, double temp, double pres, std::int32_t& ierr,
                const OutputSet& out) noexcept;
 
+/// Where `co2_ph` and `co2_ps` start their iteration or, for a mixture, the state itself.
+struct CaloricStart {
+  std::int32_t code = status::success;
+  bool is_mixture = false;
+  std::int32_t element = 0;  ///< to start with
+  double temp = 0.0;         ///< K
+  double dens = 0.0;         ///< kg/m3
+  double qual = 0.0;         ///< of the mixture, whose phases follow
+  SaturatedPhase liq{};
+  SaturatedPhase vap{};
+};
+
+/// \param pres, enth  pressure, kPa, and enthalpy, kJ/kg; any values
+[[nodiscard]] CaloricStart place_ph(double pres, double enth) noexcept;
+/// The rest of `co2_ph`.
+void finish_ph(const CaloricStart& start, double pres, double enth, std::int32_t& ierr,
+               const OutputSet& out) noexcept;
+/// \param pres, entr  pressure, kPa, and entropy, kJ/(kg K); any values
+[[nodiscard]] CaloricStart place_ps(double pres, double entr) noexcept;
+/// The rest of `co2_ps`.
+void finish_ps(const CaloricStart& start, double pres, double entr, std::int32_t& ierr,
+               const OutputSet& out) noexcept;
+
 }  // namespace co2_properties
