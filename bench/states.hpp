@@ -23,13 +23,14 @@ struct Region {
   bool two_phase;
 };
 
-inline constexpr Region domain = {"domain", 240, 1500, 0.01, 1250, 1, 100000, false};
-inline constexpr Region two_phase = {"two-phase", 240, 304, 30, 1100, 1, 8000, true};
+inline constexpr Region domain = {"domain", temp_min, temp_max, 0.01,
+                                  1250,     pres_min, pres_max, false};
+inline constexpr Region two_phase = {"two-phase", temp_min, 304, 30, 1100, pres_min, 8000, true};
 inline constexpr Region regions[] = {
     domain,
-    {"gas", 240, 500, 0.1, 200, 1, 100000, false},
-    {"liquid", 240, 303, 620, 1250, 1, 100000, false},
-    {"supercritical", 304.2, 1500, 1, 1100, 1, 100000, false},
+    {"gas", temp_min, 500, 0.1, 200, pres_min, pres_max, false},
+    {"liquid", temp_min, 303, 620, 1250, pres_min, pres_max, false},
+    {"supercritical", 304.2, temp_max, 1, 1100, pres_min, pres_max, false},
     {"compressor inlet", 302, 319, 150, 780, 7350, 8480, false},  // of supercritical cycles
     {"critical", 304.0, 304.3, 380, 560, 7300, 7500, false},
     two_phase,

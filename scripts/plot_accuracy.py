@@ -115,7 +115,7 @@ def critical_map(states, dome, path):
         lambda t: np.arcsinh((t - T_CRIT) / width),
         lambda u: T_CRIT + width * np.sinh(np.clip(u, -12.0, 12.0)),
     )
-    d_edges = np.linspace(350.0, 580.0, 141)
+    d_edges = np.linspace(BOX[2], BOX[3], 141)
     t_edges = scale[1](np.linspace(scale[0](302.0), scale[0](310.0), 121))
     inside = (states["temp"] > 302.0) & (states["temp"] < 310.0)
     for axes, (column, title) in zip(all_axes.flat, CRITICAL_MAPS):
@@ -131,7 +131,7 @@ def critical_map(states, dome, path):
         axes.plot(dome["dens_liq"], dome["temp"], "k", lw=1.0)
         axes.axhline(304.14, color="r", lw=0.6)
         axes.set_yscale("function", functions=scale)
-        axes.set_xlim(350.0, 580.0)
+        axes.set_xlim(BOX[2], BOX[3])
         axes.set_ylim(302.0, 310.0)
         axes.yaxis.set_major_locator(FixedLocator([302, 303, 303.8, 304.05, 304.1282, 304.2, 304.4, 305, 307, 310]))
         axes.yaxis.set_major_formatter(FuncFormatter(lambda v, _: f"{v:g}"))

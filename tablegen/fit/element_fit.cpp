@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <cmath>
 
+#include "co2_properties/limits.hpp"
 #include "eos/helmholtz.hpp"
 #include "eos/properties.hpp"
+#include "fits/near_critical.hpp"
 #include "reference/elementary.hpp"
 #include "reference/phase_equilibrium.hpp"
 #include "reference/span_wagner.hpp"
@@ -55,15 +57,11 @@ constexpr Real saturation_border_end = 301.0L;  // K
 constexpr Real critical_slope = 1e-5L;
 constexpr Real critical_width = 12.0L;  // kg/m3
 
-constexpr FitLimits whole_domain = {240.0, 1500.0, 0.0, 1300.0};
+constexpr FitLimits whole_domain = {temp_min, temp_max, 0.0, 1300.0};
 
 constexpr int nodes_per_side = 11;
 constexpr int unreachable_nodes = 8;
 constexpr int checks_per_side = 14;
-
-bool in_critical_box(const Real temp, const Real dens) {
-  return temp > 302.9L && temp < 310.0L && dens > 350.0L && dens < 580.0L;
-}
 
 Box box_of(const ElementCell& cell) {
   return {cell.temp_lo, cell.temp_hi, cell.dens_lo, cell.dens_hi};
@@ -78,7 +76,7 @@ std::array<Form, 6> error_forms(const StatePoint& at, const reference::Helmholtz
   const auto [temp, dens] = at;
   const Real p = dens * dens * r.a_d;
   const Real slope = 2.0L * r.a_d + dens * r.a_dd;  // (dp/drho) / rho
-  const Real share = in_critical_box(temp, dens) ? critical_share : 1.0L;
+  const Real share = near_critical_box.contains(temp, dens) ? critical_share : 1.0L;
   std::array<Form, 6> forms{};
   forms[0][2] =
       dens * dens / std::max(std::abs(slope) * dens * dens * dens_scale, std::abs(p) * pres_scale);
@@ -198,7 +196,7 @@ HelmholtzDerivatives to_double(const reference::Helmholtz<Real>& r) {
 
 PropertyErrors property_errors(const HelmholtzDerivatives& d, const HelmholtzDerivatives& r,
                                const double temp, const double dens) {
-  const bool box = in_critical_box(temp, dens);
+  const bool box = near_critical_box.contains(temp, dens);
   const double p = pressure(r, dens);
   const auto relative = [](const double x, const double ref) { return std::abs(x / ref - 1.0); };
   PropertyErrors e;

@@ -6,16 +6,17 @@
 #include <optional>
 #include <stdexcept>
 
+#include "co2_properties/limits.hpp"
 #include "reference/phase_equilibrium.hpp"
 #include "reference/span_wagner.hpp"
 
 namespace co2_properties::tablegen {
 namespace {
 
-constexpr Real temp_lo = 240.0L;
-constexpr Real temp_hi = 1500.0L;
-constexpr Real pres_lo = 1.0L;
-constexpr Real pres_hi = 100000.0L;
+constexpr Real temp_lo = temp_min;
+constexpr Real temp_hi = temp_max;
+constexpr Real pres_lo = pres_min;
+constexpr Real pres_hi = pres_max;
 
 Real caloric_of(const Caloric caloric, const reference::Properties<Real>& at) {
   return caloric == Caloric::enthalpy ? at.h : at.s;

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "co2_properties/limits.hpp"
+#include "fits/near_critical.hpp"
 #include "reference/conductivity.hpp"
 #include "reference/phase_equilibrium.hpp"
 #include "reference/viscosity.hpp"
@@ -17,11 +19,14 @@ Real sound_speed(const Real temp, const Real dens) { return reference::propertie
 const std::string span_wagner = "Span & Wagner, J. Phys. Chem. Ref. Data 25 (1996) 1509.";
 
 // Single-phase domain of the library. The lowest density is the one that callers accept.
-constexpr FitLimits whole_domain = {240.0, 1500.0, 0.0035287465804510576, 2000.0};
+constexpr FitLimits whole_domain = {temp_min, temp_max, 0.0035287465804510576, 2000.0};
 
 // Boxes in which callers take the fit instead of the derivatives of the Helmholtz energy.
-constexpr FitLimits cp_box = {302.9, 310.0, 380.0, 580.0};
-constexpr FitLimits cv_box = {302.9, 310.0, 350.0, 580.0};
+constexpr FitLimits limits_of(const CriticalBox& box) {
+  return {box.temp_lo, box.temp_hi, box.dens_lo, box.dens_hi};
+}
+constexpr FitLimits cp_box = limits_of(near_critical_box_for_cp);
+constexpr FitLimits cv_box = limits_of(near_critical_box);
 
 /// Saturation temperature at a density of either side, from a table that is good to about 1 mK.
 Real saturation_temp(const Real dens) {
@@ -30,7 +35,7 @@ Real saturation_temp(const Real dens) {
   };
   static const Line line = [] {
     constexpr int count = 400;
-    constexpr Real lowest = 240.0L;
+    constexpr Real lowest = temp_min;
     Line both{{reference::d_crit}, {reference::t_crit}};
     for (int k = 1; k <= count; ++k) {
       // Cubic spacing resolves the flat top.
@@ -63,11 +68,11 @@ const std::vector<PatchProperty>& patch_properties() {
        "Vesovic et al., J. Phys. Chem. Ref. Data 19 (1990) 763, simplified crossover.",
        whole_domain, reference::conductivity<Real>, false, 304.08, 304.18},
       {"cp", "Isobaric heat capacity near the critical point, kJ/(kg K)", span_wagner, cp_box, cp,
-       false, 302.9, 304.14},
+       false, cp_box.temp_lo, 304.14},
       {"cv", "Isochoric heat capacity near the critical point, kJ/(kg K)", span_wagner, cv_box, cv,
-       false, 302.9, 304.14},
+       false, cv_box.temp_lo, 304.14},
       {"sound_speed", "Speed of sound near the critical point, m/s", span_wagner, cv_box,
-       sound_speed, false, 302.9, 304.14},
+       sound_speed, false, cv_box.temp_lo, 304.14},
   };
   return properties;
 }

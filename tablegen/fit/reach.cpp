@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "co2_properties/limits.hpp"
 #include "reference/elementary.hpp"
 #include "reference/phase_equilibrium.hpp"
 #include "reference/span_wagner.hpp"
@@ -10,7 +11,6 @@
 namespace co2_properties::tablegen {
 namespace {
 
-constexpr double p_max = 100000.0;
 constexpr Real shortest = 1e-9L;  // ranges shorter than this, kg/m3, are left out
 
 /// Closer than this to the critical temperature the two saturated densities are not resolved.
@@ -53,8 +53,8 @@ Reach::Reach(const Box& cell, const FitLimits& limits, const Real margin)
 
 Real Reach::highest(const Real temp) const {
   const Real hi = std::min(cell_.y_hi, reference::d_search_max);
-  if (reference::properties(temp, hi).p <= p_max) return hi;
-  const Real top = reference::density<Real>(temp, p_max);
+  if (reference::properties(temp, hi).p <= pres_max) return hi;
+  const Real top = reference::density<Real>(temp, pres_max);
   return std::min(hi, top * (1.0L + margin_ / 100.0L));
 }
 

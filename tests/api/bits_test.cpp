@@ -8,6 +8,7 @@
 #include <cstdint>
 
 #include "eos/helmholtz.hpp"
+#include "fits/near_critical.hpp"
 #include "solvers/inverse_cell.hpp"
 #include "solvers/relocate.hpp"
 #include "tests/support/digest.hpp"
@@ -36,7 +37,7 @@ void add_elements(const int k, Draws& draws, Digest& digest) {
 
 void add_critical_fits(const int k, Draws& draws, Digest& digest) {
   const double temp = k % 2 == 0 ? draws.uniform(302.5, 310.5) : draws.uniform(304.06, 304.25);
-  const double dens = draws.uniform(350.0, 580.0);
+  const double dens = draws.uniform(near_critical_box.dens_lo, near_critical_box.dens_hi);
   for (const auto calculate : {calculate_cp, calculate_cv, calculate_ssnd, calculate_cond}) {
     double value = 0.0;
     calculate(dens, temp, value);

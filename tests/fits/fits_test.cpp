@@ -8,6 +8,7 @@
 #include "fits/conductivity.hpp"
 #include "fits/cp.hpp"
 #include "fits/cv.hpp"
+#include "fits/near_critical.hpp"
 #include "fits/patch.hpp"
 #include "fits/sound_speed.hpp"
 #include "fits/viscosity.hpp"
@@ -96,17 +97,19 @@ double reference_w(double t, double d) { return reference::properties(t, d).w; }
 
 /// Single-phase states of the near-critical box, half of them crowded around the critical point.
 std::vector<State> box_states(const int count) {
+  constexpr CriticalBox box = near_critical_box;
   std::mt19937_64 bits(19960625);
   std::uniform_real_distribution<double> unit(0.0, 1.0);
   const auto sign = [&] { return unit(bits) < 0.5 ? -1.0 : 1.0; };
   std::vector<State> states;
   while (static_cast<int>(states.size()) < count) {
-    State s{302.9 + 7.1 * unit(bits), 350.0 + 230.0 * unit(bits)};
+    State s{box.temp_lo + (box.temp_hi - box.temp_lo) * unit(bits),
+            box.dens_lo + (box.dens_hi - box.dens_lo) * unit(bits)};
     if (states.size() % 2 == 1) {
       s.temp = t_crit + sign() * std::pow(10.0, -3.0 + 3.7 * unit(bits));
       s.dens = d_crit + sign() * std::pow(10.0, -0.5 + 2.5 * unit(bits));
     }
-    if (!(s.temp > 302.9 && s.temp < 310.0 && s.dens > 350.0 && s.dens < 580.0)) continue;
+    if (!box.contains(s.temp, s.dens)) continue;
     if (s.temp < t_crit) {
       const auto sat = reference::saturation(s.temp);
       if (!(s.dens < sat.dens_vap || s.dens > sat.dens_liq)) continue;
@@ -127,13 +130,13 @@ TEST(Fits, FollowTheReferenceAroundTheCriticalPoint) {
     test::WorstError worst[3]{};
   };
   Property properties[] = {
-      {"cp", calculate_cp, reference_cp, 380.0, {2.3e-4, 8e-4, 2e-2}},
-      {"cv", calculate_cv, reference_cv, 350.0, {1e-4, 1.2e-4, 4.2e-3}},
-      {"sound speed", calculate_ssnd, reference_w, 350.0, {5e-5, 4e-5, 2e-3}},
+      {"cp", calculate_cp, reference_cp, near_critical_box_for_cp.dens_lo, {2.3e-4, 8e-4, 2e-2}},
+      {"cv", calculate_cv, reference_cv, near_critical_box.dens_lo, {1e-4, 1.2e-4, 4.2e-3}},
+      {"sound speed", calculate_ssnd, reference_w, near_critical_box.dens_lo, {5e-5, 4e-5, 2e-3}},
       {"conductivity",
        calculate_cond,
        reference::conductivity<double>,
-       350.0,
+       near_critical_box.dens_lo,
        {9e-3, 2.6e-4, 7e-2}},
   };
   for (const State& s : box_states(30000)) {

@@ -7,6 +7,7 @@
 #include "cells/cell_map.hpp"
 #include "co2_properties/limits.hpp"
 #include "eos/locate_td.hpp"
+#include "fits/near_critical.hpp"
 #include "fits/patch.hpp"
 
 namespace co2_properties::accuracy {
@@ -19,15 +20,20 @@ struct TableCells {
   double dens_lo, dens_hi;
 };
 
+[[nodiscard]] constexpr TableCells near_critical_cells(const char* const name, const PatchFit& fit,
+                                                       const CriticalBox& box) {
+  return {name, &fit.map, box.temp_lo, box.temp_hi, box.dens_lo, box.dens_hi};
+}
+
 inline constexpr TableCells all_tables[] = {
     {"vapour", &vapour_map, temp_min, t_crit, dens_min, d_crit},
     {"liquid", &liquid_map, temp_min, t_crit, d_crit, 1260.0},
     {"supercritical", &supercritical_map, t_crit, temp_max, dens_min, 1170.0},
     {"viscosity", &viscosity_fit.map, temp_min, temp_max, dens_min, 1260.0},
     {"conductivity", &conductivity_fit.map, temp_min, temp_max, dens_min, 1260.0},
-    {"cp", &cp_fit.map, 302.9, 310.0, 380.0, 580.0},
-    {"cv", &cv_fit.map, 302.9, 310.0, 350.0, 580.0},
-    {"w", &sound_speed_fit.map, 302.9, 310.0, 350.0, 580.0},
+    near_critical_cells("cp", cp_fit, near_critical_box_for_cp),
+    near_critical_cells("cv", cv_fit, near_critical_box),
+    near_critical_cells("w", sound_speed_fit, near_critical_box),
 };
 inline constexpr const TableCells* element_tables = all_tables;
 inline constexpr int element_table_count = 3;

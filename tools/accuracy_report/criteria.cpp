@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "api/co2_properties.hpp"
+#include "fits/near_critical.hpp"
 #include "reference/span_wagner.hpp"
 
 namespace co2_properties::accuracy {
@@ -93,7 +94,7 @@ const char* unit(const Quantity quantity) {
 }
 
 bool lies_in(const Place place, const StateErrors& state) {
-  const bool box = in_critical_box(state.temp, state.dens);
+  const bool box = near_critical_box.contains(state.temp, state.dens);
   const bool close = std::abs(state.temp - t_crit) <= 0.05;
   const bool near = box && std::abs(state.temp - t_crit) <= 0.2;
   const bool above = state.temp > 304.14;

@@ -65,10 +65,6 @@ std::optional<StateErrors> measure(const double temp, const double dens) {
   return e;
 }
 
-bool in_critical_box(const double temp, const double dens) {
-  return temp > 302.9 && temp < 310.0 && dens > 350.0 && dens < 580.0;
-}
-
 std::int32_t element_of(const double temp, const double dens) {
   if (temp >= t_crit) return sc_index_from_td(temp, dens);
   return dens >= calc_sat_liq_dens(temp) ? liq_index_from_td(temp, dens)

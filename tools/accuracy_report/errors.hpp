@@ -51,9 +51,6 @@ struct StateErrors {
 /// as in reference/.
 [[nodiscard]] std::optional<StateErrors> measure(double temp, double dens);
 
-/// The states around the critical point whose second derivatives have fits of their own.
-[[nodiscard]] bool in_critical_box(double temp, double dens);
-
 /// Index of the element of a single-phase state.
 [[nodiscard]] std::int32_t element_of(double temp, double dens);
 

@@ -14,6 +14,7 @@
 #include "api/co2_properties.hpp"
 #include "eos/helmholtz.hpp"
 #include "eos/properties.hpp"
+#include "fits/near_critical.hpp"
 
 namespace co2_properties::accuracy {
 namespace {
@@ -60,7 +61,7 @@ void note_elements(ElementJumps& jumps, const std::string& region, const std::st
                    const double dens) {
   const HelmholtzDerivatives a = element_derivatives(low, temp, dens);
   const HelmholtzDerivatives b = element_derivatives(high, temp, dens);
-  const bool box = in_critical_box(temp, dens);
+  const bool box = near_critical_box.contains(temp, dens);
   const std::string where = box ? "critical box" : region;
   const auto name = [&] { return fmt::format("elements {} and {}", low, high); };
   const double step = pressure(b, dens) - pressure(a, dens);

@@ -18,6 +18,7 @@
 #include "accuracy_report/saturation_line.hpp"
 #include "accuracy_report/stability.hpp"
 #include "accuracy_report/transport.hpp"
+#include "fits/near_critical.hpp"
 
 namespace co2_properties::accuracy {
 namespace {
@@ -80,7 +81,7 @@ Section sample_section(const Options& options, const Sample& sample) {
   std::size_t in_box = 0;
   std::size_t unstable = 0;
   for (const StateErrors& state : sample.states) {
-    in_box += in_critical_box(state.temp, state.dens) ? 1 : 0;
+    in_box += near_critical_box.contains(state.temp, state.dens) ? 1 : 0;
     unstable += state.stable ? 0 : 1;
   }
   return {"sample",

@@ -9,6 +9,7 @@
 #include "api/co2_properties.hpp"
 #include "eos/element.hpp"
 #include "eos/properties.hpp"
+#include "fits/near_critical.hpp"
 
 namespace co2_properties::accuracy {
 namespace {
@@ -84,7 +85,7 @@ Section rounding_section(const std::span<const StateErrors> states) {
         (co2_properties::dpdd(d, dens) - slope) * dens / p,
         d.a_tt / x.a_tt - 1.0L};
     std::size_t first = 0;
-    if (in_critical_box(temp, dens)) first = std::abs(temp - t_crit) > 0.05 ? 6 : 12;
+    if (near_critical_box.contains(temp, dens)) first = std::abs(temp - t_crit) > 0.05 ? 6 : 12;
     for (std::size_t k = 0; k < differences.size(); ++k) {
       const auto size = static_cast<double>(std::abs(differences[k]));
       if (size > rows[first + k].worst)

@@ -7,6 +7,7 @@
 
 #include "accuracy_report/cell_edges.hpp"
 #include "api/co2_properties.hpp"
+#include "fits/near_critical.hpp"
 #include "reference/phase_equilibrium.hpp"
 #include "tablegen/parallel.hpp"
 
@@ -55,8 +56,13 @@ class Sampler {
     }
     if (k < 11) return near_saturation(k == 8);
     if (k < 15) return in_random_cell();
-    if (k < 18) return {uniform(302.9, 310.0), uniform(350.0, 580.0)};
+    if (k < 18) return in_critical_box();
     return {t_crit + sign() * log_uniform(1e-4, 5.0), d_crit + sign() * log_uniform(1e-2, 110.0)};
+  }
+
+  State in_critical_box() {
+    return {uniform(near_critical_box.temp_lo, near_critical_box.temp_hi),
+            uniform(near_critical_box.dens_lo, near_critical_box.dens_hi)};
   }
 
   State near_saturation(const bool near_critical) {

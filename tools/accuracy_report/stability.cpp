@@ -8,6 +8,7 @@
 #include "api/co2_properties.hpp"
 #include "eos/element.hpp"
 #include "eos/properties.hpp"
+#include "fits/near_critical.hpp"
 
 namespace co2_properties::accuracy {
 namespace {
@@ -47,8 +48,9 @@ bool single_phase(const std::int32_t e, const double temp, const double dens) {
 }
 
 bool touches_box(const Element& cell) {
-  return cell.temp0 < 310.0 && cell.temp0 + cell.temp_width > 302.9 && cell.dens0 < 580.0 &&
-         cell.dens0 + cell.dens_width > 350.0;
+  const CriticalBox& box = near_critical_box;
+  return cell.temp0 < box.temp_hi && cell.temp0 + cell.temp_width > box.temp_lo &&
+         cell.dens0 < box.dens_hi && cell.dens0 + cell.dens_width > box.dens_lo;
 }
 
 /// The element over its rectangle, `side` points each way.

@@ -13,6 +13,7 @@
 
 #include "accuracy_report/errors.hpp"
 #include "api/co2_properties.hpp"
+#include "fits/near_critical.hpp"
 #include "reference/conductivity.hpp"
 #include "reference/conductivity_2016.hpp"
 #include "reference/viscosity_2017.hpp"
@@ -53,8 +54,8 @@ class Drawing {
       Departure d{};
       std::int32_t ierr = 0;
       if (part == near_critical) {
-        d.temp = uniform(302.9, 310.0);
-        d.dens = uniform(350.0, 580.0);
+        d.temp = uniform(near_critical_box.temp_lo, near_critical_box.temp_hi);
+        d.dens = uniform(near_critical_box.dens_lo, near_critical_box.dens_hi);
       } else {
         const bool cold = part == gas || part == liquid;
         if (part == linear) {
@@ -69,7 +70,8 @@ class Drawing {
         if (ierr != status::success) continue;
       }
       co2_td(d.temp, d.dens, ierr, {.pres = &d.pres, .visc = &d.visc, .cond = &d.cond});
-      if (ierr == status::success && (part == near_critical || !in_critical_box(d.temp, d.dens))) {
+      if (ierr == status::success &&
+          (part == near_critical || !near_critical_box.contains(d.temp, d.dens))) {
         return d;
       }
     }

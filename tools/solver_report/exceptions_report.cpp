@@ -7,6 +7,8 @@
 #include <vector>
 
 #include "api/batch/levels.hpp"
+#include "co2_properties/limits.hpp"
+#include "fits/near_critical.hpp"
 #include "solver_report/limit_states.hpp"
 #include "solver_report/limits_report.hpp"
 #include "solver_report/states.hpp"
@@ -26,11 +28,17 @@ struct Quantity {
   double lo, hi;
   std::vector<double> marks;
 };
-const Quantity temps = {
-    240.0, 1500.0, {0.0, 240.0, 301.0, 302.9, 304.0482, 304.1282, 310.0, 1500.0}};
+const Quantity temps = {temp_min,
+                        temp_max,
+                        {0.0, temp_min, 301.0, near_critical_box.temp_lo, 304.0482, t_crit,
+                         near_critical_box.temp_hi, temp_max}};
 const Quantity densities = {
-    0.0035, 1300.0, {0.0, 0.0035287466, 286.0, 350.0, 380.0, 467.6, 580.0, 659.0, 1300.0}};
-const Quantity pressures = {1.0, 1e5, {0.0, 1.0, 62.28, 1282.0, 1282.4835, 7377.3, 7378.0, 1e5}};
+    0.0035,
+    1300.0,
+    {0.0, dens_min, 286.0, near_critical_box.dens_lo, near_critical_box_for_cp.dens_lo, d_crit,
+     near_critical_box.dens_hi, 659.0, 1300.0}};
+const Quantity pressures = {
+    pres_min, pres_max, {0.0, pres_min, 62.28, 1282.0, pres_sat_min, p_crit, 7378.0, pres_max}};
 const Quantity enthalpies = {90.0, 1900.0, {0.0, 100.0, 332.0, 435.0, 456.0, 465.0, 1800.0, 1e4}};
 const Quantity entropies = {0.4, 5.0, {0.0, 0.5, 1.4, 1.9, 2.25, 2.7, 4.9, 100.0}};
 

@@ -12,6 +12,7 @@
 #include "co2_properties.hpp"
 #include "eos/element.hpp"
 #include "eos/locate_tp.hpp"
+#include "fits/near_critical.hpp"
 #include "reference/phase_equilibrium.hpp"
 #include "solver_report/states.hpp"
 #include "solvers/relocate.hpp"
@@ -320,10 +321,6 @@ bool print_round_trips(const Tally& tally) {
 
 // ---- Reference ---------------------------------------------------------------------------------
 
-bool near_critical(const double temp, const double dens) {
-  return temp > 302.9 && temp < 310.0 && dens > 350.0 && dens < 580.0;
-}
-
 struct DensityError {
   double error, temp, pres, dens;
 };
@@ -339,7 +336,7 @@ bool compare_densities(const Options& options) {
       const auto [temp, pres] = source.by_pressure(k % 2 == 0 ? log_pressure : subcritical);
       std::int32_t ierr = 0;
       co2_tp(temp, pres, ierr, {.dens = &e.dens});
-      if (ierr != 0 || near_critical(temp, e.dens)) continue;
+      if (ierr != 0 || near_critical_box.contains(temp, e.dens)) continue;
       using reference::Phase;
       const Phase phase = temp >= t_crit    ? Phase::supercritical
                           : e.dens > d_crit ? Phase::liquid

@@ -24,6 +24,7 @@
 #include "eos/helmholtz.hpp"
 #include "eos/properties.hpp"
 #include "eos/property_types.hpp"
+#include "fits/near_critical.hpp"
 #include "saturation/phase.hpp"
 #include "solvers/relocate.hpp"
 #include "solvers/solve_caloric.hpp"

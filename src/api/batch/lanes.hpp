@@ -124,12 +124,13 @@ inline void write_lanes(const Batch& batch, const LaneStates& states, const Lane
       if (wanted[k] != 0) value(k, output[states.index[k]]);
     }
   };
-  const bool some_near_critical = any((temp > 302.9) & (temp < 310.0));
-  const auto put_near_critical = [&](const StridedSpan<double>& output, const auto& serves,
+  const bool some_near_critical =
+      any((temp > near_critical_box.temp_lo) & (temp < near_critical_box.temp_hi));
+  const auto put_near_critical = [&](const StridedSpan<double>& output, const CriticalBox& box,
                                      const auto& fit) {
     if (!some_near_critical) return;
     put_each(output, [&](const std::size_t k, double& value) {
-      if (serves(temp[k], dens[k])) fit(dens[k], temp[k], value);
+      if (box.contains(temp[k], dens[k])) fit(dens[k], temp[k], value);
     });
   };
   for (std::size_t k = 0; k < lane_count; ++k) {
@@ -146,18 +147,18 @@ inline void write_lanes(const Batch& batch, const LaneStates& states, const Lane
   put(out.enth, [&]() { return enthalpy(d, temp, dens); });
   put(out.entr, [&]() { return entropy(d); });
   put(out.cv, [&]() { return isochoric_heat_capacity(d, temp); });
-  put_near_critical(out.cv, near_critical, calculate_cv);
+  put_near_critical(out.cv, near_critical_box, calculate_cv);
   put(out.cp, [&]() { return isobaric_heat_capacity(d, temp, dens); });
-  put_near_critical(out.cp, near_critical_for_cp, calculate_cp);
+  put_near_critical(out.cp, near_critical_box_for_cp, calculate_cp);
   put(out.ssnd, [&]() {
     // What is not written may be negative, and hosts may trap its root.
     Lanes square = wanted ? speed_of_sound_squared(d, dens) : Lanes{};
     for (std::size_t k = 0; some_near_critical && k < lane_count; ++k) {
-      if (near_critical(temp[k], dens[k])) square[k] = 0.0;
+      if (near_critical_box.contains(temp[k], dens[k])) square[k] = 0.0;
     }
     return lane_root(square);
   });
-  put_near_critical(out.ssnd, near_critical, calculate_ssnd);
+  put_near_critical(out.ssnd, near_critical_box, calculate_ssnd);
   put_each(out.visc,
            [&](const std::size_t k, double& value) { calculate_visc(dens[k], temp[k], value); });
   put_each(out.cond,

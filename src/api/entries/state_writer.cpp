@@ -5,6 +5,7 @@
 #include "api/co2_properties.hpp"
 #include "co2_properties/limits.hpp"
 #include "eos/properties.hpp"
+#include "fits/near_critical.hpp"
 #include "fits/patch.hpp"
 #include "saturation/sat_density.hpp"
 
@@ -47,8 +48,8 @@ void fail(const std::int32_t code, std::int32_t& ierr, const OutputSet& out) noe
 void write_single_phase(const HelmholtzDerivatives& d, const double temp, const double dens,
                         const double mark_pres, const SaturatedDensities& sat,
                         const OutputSet& out) noexcept {
-  const bool near = near_critical(temp, dens);
-  const bool near_for_cp = near_critical_for_cp(temp, dens);
+  const bool near = near_critical_box.contains(temp, dens);
+  const bool near_for_cp = near_critical_box_for_cp.contains(temp, dens);
   if (out.temp != nullptr) *out.temp = temp;
   if (out.pres != nullptr) *out.pres = pressure(d, dens);
   if (out.dens != nullptr) *out.dens = dens;

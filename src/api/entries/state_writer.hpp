@@ -17,16 +17,6 @@ void fail(std::int32_t code, std::int32_t& ierr, const OutputSet& out) noexcept;
 [[nodiscard]] double single_phase_quality(double temp, double dens, double mark_pres,
                                           const SaturatedDensities& sat) noexcept;
 
-/// Whether the fits of cv and ssnd around the critical point serve the state.
-[[nodiscard]] inline bool near_critical(const double temp, const double dens) noexcept {
-  // Temperature first: it is what makes most states fail.
-  return temp < 310.0 && temp > 302.9 && dens < 580.0 && dens > 350.0;
-}
-/// Whether that of cp does.
-[[nodiscard]] inline bool near_critical_for_cp(const double temp, const double dens) noexcept {
-  return near_critical(temp, dens) && dens > 380.0;
-}
-
 /// Writes a single-phase state.
 /// \param d          derivatives of its element at `temp`, K, and `dens`, kg/m3
 /// \param mark_pres  pressure, kPa, that sets the mark in `qual` from the critical temperature on

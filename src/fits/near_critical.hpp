@@ -1,0 +1,26 @@
+#pragma once
+// Where the fits of heat capacities and speed of sound around the critical point serve.
+
+#include "numbers/platform.hpp"
+
+namespace co2_properties {
+
+/// Temperatures, K, and densities, kg/m3; its edges do not belong to it.
+struct CriticalBox {
+  double temp_lo, temp_hi;
+  double dens_lo, dens_hi;
+
+  /// False for NaN.
+  template <class Real>
+  [[nodiscard]] constexpr bool contains(const Real temp, const Real dens) const noexcept {
+    // Temperature first: it is what makes most states fail.
+    return temp < temp_hi && temp > temp_lo && dens < dens_hi && dens > dens_lo;
+  }
+};
+
+/// Of cv and speed of sound: around the critical point elements resolve second derivatives worst.
+inline constexpr CriticalBox near_critical_box = {302.9, 310.0, 350.0, 580.0};
+/// Of cp.
+inline constexpr CriticalBox near_critical_box_for_cp = {302.9, 310.0, 380.0, 580.0};
+
+}  // namespace co2_properties
