@@ -10,11 +10,11 @@
 #include <string>
 #include <vector>
 
+#include "tablegen/emit/element_table.hpp"
 #include "tablegen/emit/inverse_table.hpp"
 #include "tablegen/emit/patch_table.hpp"
 #include "tablegen/emit/table.hpp"
-#include "tablegen/fit/element_table.hpp"
-#include "tablegen/fit/tp_curves.hpp"
+#include "tablegen/emit/tp_curve_table.hpp"
 #include "tablegen/parallel.hpp"
 
 namespace {

@@ -9,6 +9,7 @@
 
 #include "tablegen/emit/number.hpp"
 #include "tablegen/emit/source.hpp"
+#include "tablegen/format.hpp"
 #include "tablegen/parallel.hpp"
 #include "tablegen/tilings/text_reader.hpp"
 
@@ -40,20 +41,7 @@ struct FittedTable {
   std::vector<CellErrors> errors;
 };
 
-template <class... Values>
-std::string format(const char* pattern, const Values... values) {
-  std::array<char, 240> buffer{};
-  std::snprintf(buffer.data(), buffer.size(), pattern, values...);
-  return buffer.data();
-}
-
 const char* symbol(const Caloric caloric) { return caloric == Caloric::enthalpy ? "h" : "s"; }
-
-std::string range_text(const double lo, const double hi) {
-  if (lo == -open_side) return "below " + decimal_literal(hi);
-  if (hi == open_side) return "from " + decimal_literal(lo);
-  return decimal_literal(lo) + " to " + decimal_literal(hi);
-}
 
 std::string box_text(const InverseTableDesign& design, const Box& box) {
   return "p " + range_text(box.x_lo, box.x_hi) + ", " + symbol(design.caloric) + " " +

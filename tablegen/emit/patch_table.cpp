@@ -11,6 +11,7 @@
 #include "tablegen/emit/number.hpp"
 #include "tablegen/emit/source.hpp"
 #include "tablegen/fit/patch_fit.hpp"
+#include "tablegen/format.hpp"
 #include "tablegen/parallel.hpp"
 #include "tablegen/tilings/text_reader.hpp"
 
@@ -23,19 +24,6 @@ const std::string method = "patch fit 1";
 
 constexpr int check_count = 15;
 constexpr Real singular_gap = 1e-3L;  // K, around the critical point, without checks
-
-template <class... Values>
-std::string format(const char* pattern, const Values... values) {
-  std::array<char, 240> buffer{};
-  std::snprintf(buffer.data(), buffer.size(), pattern, values...);
-  return buffer.data();
-}
-
-std::string range_text(const double lo, const double hi) {
-  if (lo == -open_side) return "below " + decimal_literal(hi);
-  if (hi == open_side) return "from " + decimal_literal(lo);
-  return decimal_literal(lo) + " to " + decimal_literal(hi);
-}
 
 /// States at which a patch is judged, with the reference values.
 std::vector<Sample> check_states(const PatchProperty& property, const PatchCell& cell) {

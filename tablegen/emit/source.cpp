@@ -1,9 +1,22 @@
 #include "tablegen/emit/source.hpp"
 
+#include <algorithm>
+
 #include "tablegen/emit/number.hpp"
 
 namespace co2_properties::tablegen {
 namespace {
+
+std::string axis_definition(const std::string& name, const std::vector<double>& edges) {
+  std::vector<std::string> items(edges.size());
+  std::transform(edges.begin(), edges.end(), items.begin(), decimal_literal);
+  return edges.empty() ? std::string() : array_definition("double", name, items);
+}
+
+std::string axis_initialiser(const std::string& name, const std::vector<double>& edges) {
+  if (edges.empty()) return "{nullptr, 0}";
+  return '{' + name + ", " + std::to_string(edges.size()) + '}';
+}
 
 /// The last line of the comment at the top.
 std::string digest_line(const std::string& body) {
@@ -46,6 +59,32 @@ std::string wrapped_list(const std::vector<std::string>& items) {
 std::string array_definition(const std::string& type, const std::string& name,
                              const std::vector<std::string>& items) {
   return "constexpr " + type + " " + name + "[] = {\n" + wrapped_list(items) + "};\n";
+}
+
+std::string range_text(const double lo, const double hi) {
+  if (lo == -open_side) return "below " + decimal_literal(hi);
+  if (hi == open_side) return "from " + decimal_literal(lo);
+  return decimal_literal(lo) + " to " + decimal_literal(hi);
+}
+
+std::string grid_arrays(const std::string& name, const CellGrid& grid) {
+  std::string text = axis_definition(name + "_x_edges", grid.x);
+  text += axis_definition(name + "_y_edges", grid.y);
+  text += "constexpr std::uint16_t " + name + "_cells[] = {\n";
+  const std::size_t columns = grid.y.size() + 1;
+  for (std::size_t at = 0; at < grid.cell.size(); at += columns) {
+    std::vector<std::string> row;
+    for (std::size_t j = 0; j < columns; ++j) row.push_back(std::to_string(grid.cell[at + j]));
+    text += wrapped_list(row);
+  }
+  return text + "};\n";
+}
+
+std::string grid_initialiser(const std::string& name, const CellGrid& grid) {
+  std::string text = "{";
+  text += axis_initialiser(name + "_x_edges", grid.x) + ", ";
+  text += axis_initialiser(name + "_y_edges", grid.y) + ", ";
+  return text + name + "_cells}";
 }
 
 }  // namespace co2_properties::tablegen

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "tablegen/tilings/cell_grid.hpp"
+
 namespace co2_properties::tablegen {
 
 /// What the comment at the top of a generated source says.
@@ -30,5 +32,15 @@ struct Provenance {
 /// `constexpr <type> <name>[] = {...};` with the items as they stand.
 [[nodiscard]] std::string array_definition(const std::string& type, const std::string& name,
                                            const std::vector<std::string>& items);
+
+/// "240.0 to 247.0", "below 15.0" or "from 60.0".
+[[nodiscard]] std::string range_text(double lo, double hi);
+
+/// Definitions of `<name>_x_edges`, `<name>_y_edges` and `<name>_cells`, for an unnamed namespace,
+/// the last with one row of the grid (one interval of x) after the other.
+[[nodiscard]] std::string grid_arrays(const std::string& name, const CellGrid& grid);
+
+/// Initialiser of a CellMap on the arrays of `grid_arrays`: {{..., n}, {..., m}, ...}.
+[[nodiscard]] std::string grid_initialiser(const std::string& name, const CellGrid& grid);
 
 }  // namespace co2_properties::tablegen

@@ -3,8 +3,8 @@
 
 #include <vector>
 
-#include "tablegen/emit/cell_grid.hpp"
 #include "tablegen/fit/reach.hpp"
+#include "tablegen/tilings/cell_grid.hpp"
 
 namespace co2_properties::tablegen {
 

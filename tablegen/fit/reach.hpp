@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "tablegen/emit/cell_grid.hpp"
+#include "tablegen/tilings/cell_grid.hpp"
 
 namespace co2_properties::tablegen {
 

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <cstdio>
-#include <fstream>
 #include <iterator>
 #include <limits>
 #include <stdexcept>
@@ -16,17 +14,12 @@
 #include "eos/properties.hpp"
 #include "reference/elementary.hpp"
 #include "saturation/sat_density.hpp"
-#include "tablegen/emit/number.hpp"
-#include "tablegen/emit/source.hpp"
 #include "tablegen/fit/least_squares.hpp"
 #include "tablegen/fit/reach.hpp"
-#include "tablegen/tilings/element_tiling.hpp"
+#include "tablegen/format.hpp"
 
 namespace co2_properties::tablegen {
 namespace {
-
-/// Part of the input digest: raise it when the fit changes without the elements.
-constexpr const char* fit_version = "tp_curves 2";
 
 /// Distance between curve and edge that a fit may leave, kg/m3: the solver keeps an element up to
 /// 0.01 kg/m3 outside of it.
@@ -48,43 +41,6 @@ constexpr int fit_nodes = 60;
 constexpr int minimax_rounds = 40;
 constexpr int check_count = 400;
 
-std::string format(const char* pattern, const auto... values) {
-  std::array<char, 400> buffer{};
-  std::snprintf(buffer.data(), buffer.size(), pattern, values...);
-  return buffer.data();
-}
-
-/// A density edge within one interval of temperature.
-struct Segment {
-  std::size_t column, row;   ///< the row above the edge
-  double temp_lo, temp_hi;   ///< K
-  std::size_t below, above;  ///< elements on both sides, from 0
-};
-
-/// A stretch of a density edge, in ascending temperature, and its curve.
-struct Curve {
-  double dens;  ///< kg/m3
-  std::vector<Segment> segments;
-  IsochoreCurve stored{};
-  std::int32_t degree = 0;  ///< of the polynomial
-  bool known = false;       ///< the polynomial is given, not fitted
-  double dens_error = 0.0;  ///< largest distance of the curve from the edge, kg/m3
-  double error_at = 0.0;    ///< and where, K
-  double pres_error = 0.0;  ///< relative, there
-
-  [[nodiscard]] double temp_lo() const { return segments.front().temp_lo; }
-  [[nodiscard]] double temp_hi() const { return segments.back().temp_hi; }
-};
-
-/// Curves and element lists of one region.
-struct RegionTable {
-  const char* name;
-  Region region;
-  std::vector<double> temp_edges{};  ///< inner break points of temperature, K
-  std::vector<Curve> curves{};
-  std::vector<std::vector<TpRow>> columns{};  ///< one list for each interval of temperature
-};
-
 // ---- Known curves ------------------------------------------------------------------------------
 
 /// A curve of the lowest or the topmost vapour elements whose numbers are given.
@@ -95,7 +51,7 @@ struct KnownCurve {
   std::vector<double> coef;  ///< empty: only the start temperature is given
 };
 
-const KnownCurve* find_known(const Region region, const Curve& curve) {
+const KnownCurve* find_known(const Region region, const TpCurve& curve) {
   static const std::vector<KnownCurve> vapour_curves = {
       {15.0, 240.0, 0.0, {-192.9675781479849, 3.793719132589892, -0.001456063367197281}},
       {30.0, 240.0, 0.0, {-831.2290085287171, 9.969510067660366, -0.006699101388238917}},
@@ -155,7 +111,7 @@ std::vector<std::size_t> stack_at(const std::vector<ElementCell>& cells, const R
 
 /// One column for each interval of temperature. A curve goes on from column to column as long as an
 /// element on either side of it does: so far one polynomial describes the pressure along the edge.
-void lay_out(const std::vector<ElementCell>& cells, RegionTable& table) {
+void lay_out(const std::vector<ElementCell>& cells, TpRegion& table) {
   const std::vector<double> edges = column_edges(cells, table.region);
   table.temp_edges.assign(edges.begin() + 1, edges.end() - 1);
   for (std::size_t i = 0; i + 1 < edges.size(); ++i) {
@@ -164,11 +120,11 @@ void lay_out(const std::vector<ElementCell>& cells, RegionTable& table) {
     for (std::size_t k = 0; k < stack.size(); ++k) {
       column.push_back({static_cast<std::uint16_t>(stack[k] + 1), 0});
       if (k == 0) continue;
-      const Segment segment = {i, k, edges[i], edges[i + 1], stack[k - 1], stack[k]};
+      const TpSegment segment = {i, k, edges[i], edges[i + 1], stack[k - 1], stack[k]};
       const double dens = cells[stack[k]].dens_lo;
       const auto continued =
-          std::find_if(table.curves.begin(), table.curves.end(), [&](const Curve& c) {
-            const Segment& last = c.segments.back();
+          std::find_if(table.curves.begin(), table.curves.end(), [&](const TpCurve& c) {
+            const TpSegment& last = c.segments.back();
             return c.dens == dens && last.column + 1 == i &&
                    (last.below == segment.below || last.above == segment.above);
           });
@@ -208,9 +164,10 @@ struct EdgeState {
   double dens_per_pres;  ///< kg/m3 per kPa
 };
 
-EdgeState edge_state(const std::vector<Element>& elements, const Curve& curve, const double temp) {
+EdgeState edge_state(const std::vector<Element>& elements, const TpCurve& curve,
+                     const double temp) {
   const auto segment = std::find_if(curve.segments.begin(), curve.segments.end() - 1,
-                                    [&](const Segment& s) { return temp < s.temp_hi; });
+                                    [&](const TpSegment& s) { return temp < s.temp_hi; });
   const auto at = [&](const std::size_t e) {
     return evaluate(elements[e], temp, curve.dens, elementary::rounded_log(curve.dens));
   };
@@ -227,7 +184,7 @@ struct Span {
   double lo, hi;
 };
 
-Span active_span(const std::vector<Element>& elements, const Curve& curve) {
+Span active_span(const std::vector<Element>& elements, const TpCurve& curve) {
   Span span = {std::max(curve.temp_lo(), curve.stored.temp_start), curve.temp_hi()};
   if (!(span.lo < span.hi)) {
     throw std::invalid_argument(format("tp_curves: %g kg/m3 is two-phase all over %g..%g K",
@@ -268,7 +225,7 @@ void to_powers(const Vector& chebyshev, const Span& span, IsochoreCurve& curve) 
 
 /// The polynomial of one degree that comes closest to the edge.
 void fit(const std::vector<Element>& elements, const Span& span, const std::int32_t degree,
-         Curve& curve) {
+         TpCurve& curve) {
   LeastSquaresProblem problem;
   problem.main = {Matrix::Zero(fit_nodes, degree + 1), Vector::Zero(fit_nodes)};
   const std::vector<Real> nodes = chebyshev_nodes(fit_nodes);
@@ -288,7 +245,7 @@ void fit(const std::vector<Element>& elements, const Span& span, const std::int3
 }
 
 /// Fills in the errors of the stored curve, in the arithmetic of the library.
-void measure(const std::vector<Element>& elements, const Span& span, Curve& curve) {
+void measure(const std::vector<Element>& elements, const Span& span, TpCurve& curve) {
   curve.dens_error = 0.0;
   for (int i = 0; i <= check_count; ++i) {
     const double temp = span.lo + (span.hi - span.lo) * i / check_count;
@@ -302,7 +259,7 @@ void measure(const std::vector<Element>& elements, const Span& span, Curve& curv
 }
 
 /// Whether the curve stays above the highest pressure where its edge does.
-bool stays_above(const Span& span, const Curve& curve) {
+bool stays_above(const Span& span, const TpCurve& curve) {
   for (int i = 1; i <= check_count; ++i) {
     const double temp = span.hi + (curve.temp_hi() - span.hi) * i / check_count;
     if (temp > span.hi && !(evaluate_curve(curve.stored, temp) > pres_max)) return false;
@@ -311,7 +268,7 @@ bool stays_above(const Span& span, const Curve& curve) {
 }
 
 /// Takes the known polynomial, or fits the lowest degree that is good enough, or else the best.
-void complete(const std::vector<Element>& elements, const Region region, Curve& curve) {
+void complete(const std::vector<Element>& elements, const Region region, TpCurve& curve) {
   const double start = start_temperature(region, curve.dens);
   curve.stored.temp_start = start > curve.temp_lo() ? start : 0.0;
   const KnownCurve* const known = find_known(region, curve);
@@ -324,7 +281,7 @@ void complete(const std::vector<Element>& elements, const Region region, Curve& 
     measure(elements, span, curve);
     return;
   }
-  Curve best = curve;
+  TpCurve best = curve;
   best.dens_error = std::numeric_limits<double>::infinity();
   for (std::int32_t degree = 1; degree < curve_terms && best.dens_error > dens_tolerance;
        ++degree) {
@@ -339,20 +296,22 @@ void complete(const std::vector<Element>& elements, const Region region, Curve& 
   curve = best;
 }
 
-RegionTable make_region(const std::vector<ElementCell>& cells, const std::vector<Element>& elements,
-                        const char* name, const Region region) {
-  RegionTable table{name, region};
+}  // namespace
+
+TpRegion fit_tp_region(const std::vector<ElementCell>& cells, const std::vector<Element>& elements,
+                       const char* name, const Region region) {
+  TpRegion table{name, region};
   lay_out(cells, table);
-  std::vector<Curve> curves;
-  for (Curve& curve : table.curves) {
+  std::vector<TpCurve> curves;
+  for (TpCurve& curve : table.curves) {
     complete(elements, region, curve);
     if (curve.known || curve.dens_error <= dens_tolerance || curve.segments.size() == 1) {
       curves.push_back(curve);
       continue;
     }
     // Not good enough: one curve for each column, the first one also for those before the start.
-    Curve piece{curve.dens, {}};
-    for (const Segment& segment : curve.segments) {
+    TpCurve piece{curve.dens, {}};
+    for (const TpSegment& segment : curve.segments) {
       piece.segments.push_back(segment);
       if (segment.temp_hi <= curve.stored.temp_start) continue;
       complete(elements, region, piece);
@@ -362,151 +321,11 @@ RegionTable make_region(const std::vector<ElementCell>& cells, const std::vector
   }
   table.curves = std::move(curves);
   for (std::size_t c = 0; c < table.curves.size(); ++c) {
-    for (const Segment& s : table.curves[c].segments) {
+    for (const TpSegment& s : table.curves[c].segments) {
       table.columns[s.column][s.row].curve = static_cast<std::uint16_t>(c);
     }
   }
   return table;
 }
-
-// ---- Source ------------------------------------------------------------------------------------
-
-std::string curve_record(const std::size_t index, const Curve& curve) {
-  std::string text = format(
-      "  // %zu: %s kg/m3, %s..%s K, %serror %.0e kg/m3\n", index,
-      decimal_literal(curve.dens).c_str(), decimal_literal(curve.temp_lo()).c_str(),
-      decimal_literal(curve.temp_hi()).c_str(), curve.known ? "known, " : "", curve.dens_error);
-  text += "  {" + decimal_literal(curve.stored.temp_start) + ", {";
-  for (const double& c : curve.stored.coef) {
-    text +=
-        (&c == curve.stored.coef ? "" : ", ") + (curve.known ? decimal_literal(c) : hex_literal(c));
-  }
-  return text + "}},\n";
-}
-
-std::string region_source(const RegionTable& table) {
-  const std::string prefix = table.name;
-  std::vector<std::string> edges;
-  for (const double edge : table.temp_edges) edges.push_back(decimal_literal(edge));
-  std::vector<std::string> first = {"0"};
-  std::string rows;
-  std::size_t count = 0;
-  for (const std::vector<TpRow>& column : table.columns) {
-    std::vector<std::string> items;
-    items.reserve(column.size());
-    for (const TpRow& row : column) items.push_back(format("{%u, %u}", row.element, row.curve));
-    rows += wrapped_list(items);
-    count += column.size();
-    first.push_back(std::to_string(count));
-  }
-  std::string text =
-      "\nnamespace {\n\n" + array_definition("double", prefix + "_temp_edges", edges) +
-      array_definition("std::uint16_t", prefix + "_first", first) + "constexpr TpRow " + prefix +
-      "_rows[] = {\n" + rows + "};\nconstexpr IsochoreCurve " + prefix + "_curves[] = {\n";
-  for (std::size_t k = 0; k < table.curves.size(); ++k) text += curve_record(k, table.curves[k]);
-  return text + "};\n\n}  // namespace\n\nconstexpr TpMap " + prefix + "_tp_map = {{" + prefix +
-         "_temp_edges, " + std::to_string(edges.size()) + "}, " + prefix + "_first, " + prefix +
-         "_rows, " + prefix + "_curves};\n";
-}
-
-std::string worst_error(const RegionTable& table) {
-  const auto worst =
-      std::max_element(table.curves.begin(), table.curves.end(),
-                       [](const Curve& a, const Curve& b) { return a.dens_error < b.dens_error; });
-  return format(
-      "Largest distance between curve and edge, %s: %.1e kg/m3 or %.0e of the pressure "
-      "(%g kg/m3, %.8g K).",
-      table.name, worst->dens_error, worst->pres_error, worst->dens, worst->error_at);
-}
-
-std::string report(const RegionTable& table) {
-  std::string text = std::string("tp_curves, ") + table.name +
-                     ": edge, temperatures, start, degree, distance from the edge\n";
-  std::array<std::size_t, curve_terms> degrees{};
-  std::size_t rows = 0;
-  for (const auto& column : table.columns) rows += column.size();
-  for (const Curve& c : table.curves) {
-    ++degrees[static_cast<std::size_t>(c.degree)];
-    text += format("%8.2f kg/m3 %9.4f..%9.4f K  %.13g  %d%s  %.1e kg/m3 at %.6f K\n", c.dens,
-                   c.temp_lo(), c.temp_hi(), c.stored.temp_start, c.degree, c.known ? " known" : "",
-                   c.dens_error, c.error_at);
-  }
-  return text + format("%zu curves (of degree 1..5: %zu %zu %zu %zu %zu), %zu columns, %zu rows\n",
-                       table.curves.size(), degrees[1], degrees[2], degrees[3], degrees[4],
-                       degrees[5], table.columns.size(), rows);
-}
-
-/// The records of an element table that belongs to the tiling.
-std::vector<Element> elements_in(const std::string_view source,
-                                 const std::vector<ElementCell>& cells) {
-  constexpr std::size_t numbers = sizeof(Element) / sizeof(double);
-  const std::vector<double> values = numbers_in(source);
-  if (values.size() < numbers * element_count) {
-    throw std::invalid_argument("tp_curves: the element table is missing or incomplete");
-  }
-  std::vector<Element> elements(element_count);
-  const double* v = values.data();
-  for (Element& e : elements) {
-    e = {v[0], v[1], v[2], v[3], {}};
-    v += 4;
-    for (auto& row : e.coef) {
-      std::copy_n(v, dens_terms, row);
-      v += dens_terms;
-    }
-  }
-  if (!std::equal(elements.begin(), elements.end(), cells.begin(), cells.end(),
-                  [](const Element& e, const ElementCell& c) {
-                    return e.dens0 == c.dens_lo && e.temp0 == c.temp_lo;
-                  })) {
-    throw std::invalid_argument("tp_curves: the element table is not that of the tiling");
-  }
-  return elements;
-}
-
-std::string read_file(const std::string& path) {
-  std::ifstream stream(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(stream), {}};
-}
-
-Generated generate() {
-  const std::string source = read_file(TABLEGEN_SOURCE_DIR "/eos/tables/elements.cpp");
-  const std::vector<ElementCell> cells =
-      parse_element_tiling(read_file(TABLEGEN_TILINGS_DIR "/elements.txt"));
-  const std::vector<Element> elements = elements_in(source, cells);
-  const std::vector<RegionTable> tables = {
-      make_region(cells, elements, "vapour", Region::vapour),
-      make_region(cells, elements, "liquid", Region::liquid),
-      make_region(cells, elements, "supercritical", Region::supercritical)};
-
-  Provenance provenance;
-  provenance.table = "tp_curves";
-  provenance.content = {
-      "Curves p(T), kPa and K, along the density edges of the elements, and the elements between",
-      "them: src/eos/locate_tp.hpp."};
-  provenance.fitted_to = "the pressure of the elements in src/eos/tables/elements.cpp.";
-  provenance.tiling = "tablegen/tilings/elements.txt";
-  provenance.digest = tp_curves_digest(source);
-
-  Generated g;
-  for (const RegionTable& table : tables) {
-    provenance.errors.push_back(worst_error(table));
-    g.report += report(table);
-    if (!g.summary.empty()) g.summary += ' ';
-    g.summary += provenance.errors.back();
-  }
-  std::string text = "\n#include \"eos/locate_tp.hpp\"\n\nnamespace co2_properties {\n";
-  for (const RegionTable& table : tables) text += region_source(table);
-  text += "\n}  // namespace co2_properties\n";
-  g.source = generated_source(provenance, text);
-  return g;
-}
-
-}  // namespace
-
-std::string tp_curves_digest(const std::string_view elements_source) {
-  return text_digest({std::string(elements_source), fit_version});
-}
-
-Table tp_curves_table() { return {"tp_curves", "eos/tables/tp_curves.cpp", generate}; }
 
 }  // namespace co2_properties::tablegen

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "tablegen/emit/cell_grid.hpp"
+#include "tablegen/tilings/cell_grid.hpp"
 
 namespace co2_properties::tablegen {
 

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "solvers/inverse_cell.hpp"
-#include "tablegen/emit/cell_grid.hpp"
+#include "tablegen/tilings/cell_grid.hpp"
 
 namespace co2_properties::tablegen {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "tablegen/emit/cell_grid.hpp"
+#include "tablegen/tilings/cell_grid.hpp"
 
 namespace co2_properties::tablegen {
 

@@ -6,7 +6,7 @@
 #include <sstream>
 #include <stdexcept>
 
-#include "tablegen/emit/cell_grid.hpp"
+#include "tablegen/tilings/cell_grid.hpp"
 
 namespace co2_properties::tablegen {
 namespace {

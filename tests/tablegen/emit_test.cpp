@@ -10,9 +10,9 @@
 #include <string>
 #include <vector>
 
-#include "tablegen/emit/cell_grid.hpp"
 #include "tablegen/emit/number.hpp"
 #include "tablegen/emit/source.hpp"
+#include "tablegen/tilings/cell_grid.hpp"
 
 namespace co2_properties::tablegen {
 namespace {

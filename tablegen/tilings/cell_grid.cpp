@@ -1,18 +1,18 @@
-#include "tablegen/emit/cell_grid.hpp"
+#include "tablegen/tilings/cell_grid.hpp"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <stdexcept>
-
-#include "tablegen/emit/number.hpp"
-#include "tablegen/emit/source.hpp"
+#include <string>
 
 namespace co2_properties::tablegen {
 namespace {
 
+/// The shortest text that reads back as the value; "inf" and "-inf" for open sides.
 std::string side(const double value) {
-  if (value == open_side) return "inf";
-  if (value == -open_side) return "-inf";
-  return decimal_literal(value);
+  std::array<char, 32> text{};
+  return {text.data(), std::to_chars(text.data(), text.data() + text.size(), value).ptr};
 }
 
 std::string to_string(const Box& box) {
@@ -49,17 +49,6 @@ double lower_side(const std::vector<double>& edges, const std::size_t k) {
 
 double upper_side(const std::vector<double>& edges, const std::size_t k) {
   return k == edges.size() ? open_side : edges[k];
-}
-
-std::string axis_definition(const std::string& name, const std::vector<double>& edges) {
-  std::vector<std::string> items(edges.size());
-  std::transform(edges.begin(), edges.end(), items.begin(), decimal_literal);
-  return edges.empty() ? std::string() : array_definition("double", name, items);
-}
-
-std::string axis_initialiser(const std::string& name, const std::vector<double>& edges) {
-  if (edges.empty()) return "{nullptr, 0}";
-  return '{' + name + ", " + std::to_string(edges.size()) + '}';
 }
 
 }  // namespace
@@ -109,26 +98,6 @@ CellGrid make_grid(const std::vector<Rectangle>& rectangles, const Filler& fill)
     grid.cell[at] = fill(gap);
   }
   return grid;
-}
-
-std::string grid_arrays(const std::string& name, const CellGrid& grid) {
-  std::string text = axis_definition(name + "_x_edges", grid.x);
-  text += axis_definition(name + "_y_edges", grid.y);
-  text += "constexpr std::uint16_t " + name + "_cells[] = {\n";
-  const std::size_t columns = grid.y.size() + 1;
-  for (std::size_t at = 0; at < grid.cell.size(); at += columns) {
-    std::vector<std::string> row;
-    for (std::size_t j = 0; j < columns; ++j) row.push_back(std::to_string(grid.cell[at + j]));
-    text += wrapped_list(row);
-  }
-  return text + "};\n";
-}
-
-std::string grid_initialiser(const std::string& name, const CellGrid& grid) {
-  std::string text = "{";
-  text += axis_initialiser(name + "_x_edges", grid.x) + ", ";
-  text += axis_initialiser(name + "_y_edges", grid.y) + ", ";
-  return text + name + "_cells}";
 }
 
 }  // namespace co2_properties::tablegen

@@ -1,9 +1,8 @@
 #pragma once
-// The element table: all 649 fits together, and its generated source.
+// All element fits together: the density edges that they share.
 
 #include <vector>
 
-#include "tablegen/emit/table.hpp"
 #include "tablegen/fit/element_fit.hpp"
 
 namespace co2_properties::tablegen {
@@ -13,13 +12,15 @@ struct ElementResult {
   ElementCell cell;
   ElementFit stored;
   ElementFit unconstrained;
+
+  /// How much worse the element is than its functions could be without shared edges.
+  [[nodiscard]] double ratio() const {
+    return unconstrained.residual > 0.0 ? stored.residual / unconstrained.residual : 1.0;
+  }
 };
 
 /// Fits every element. Elements that share a density edge take over one polynomial for a_rho along
 /// it, so that the pressure is continuous in density within a region.
 [[nodiscard]] std::vector<ElementResult> fit_elements(const std::vector<ElementCell>& cells);
-
-/// Entry of the registry: writes eos/tables/elements.cpp.
-[[nodiscard]] Table elements_table();
 
 }  // namespace co2_properties::tablegen

@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <functional>
 #include <limits>
-#include <string>
 #include <vector>
 
 #include "cells/cell_map.hpp"
@@ -46,12 +45,5 @@ using Filler = std::function<std::uint16_t(const Box& interval)>;
 /// without a value; the text names the place
 [[nodiscard]] CellGrid make_grid(const std::vector<Rectangle>& rectangles,
                                  const Filler& fill = nullptr);
-
-/// Definitions of `<name>_x_edges`, `<name>_y_edges` and `<name>_cells`, for an unnamed namespace,
-/// the last with one row of the grid (one interval of x) after the other.
-[[nodiscard]] std::string grid_arrays(const std::string& name, const CellGrid& grid);
-
-/// Initialiser of a CellMap on the arrays of `grid_arrays`: {{..., n}, {..., m}, ...}.
-[[nodiscard]] std::string grid_initialiser(const std::string& name, const CellGrid& grid);
 
 }  // namespace co2_properties::tablegen
