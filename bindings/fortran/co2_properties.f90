@@ -425,6 +425,7 @@ contains
     real(c_double), intent(inout), optional, target, dimension(:) :: &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    ! outputs: begin, written by scripts/generate_outputs
     call put(out%temp, temp)
     call put(out%pres, pres)
     call put(out%dens, dens)
@@ -444,6 +445,7 @@ contains
     call put(out%dhdt, dhdt)
     call put(out%dsdd, dsdd)
     call put(out%dsdt, dsdt)
+    ! outputs: end
   contains
     subroutine put(slot, values)
       type(strided), intent(inout) :: slot

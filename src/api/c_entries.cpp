@@ -32,25 +32,20 @@ StridedSpan<std::int32_t> with_length(const co2_codes& array, const std::size_t 
   return {array.data, count, array.stride};
 }
 BatchOutputSet with_length(const co2_batch_output_set& out, const std::size_t n) noexcept {
-  return {.temp = with_length(out.temp, n),
-          .pres = with_length(out.pres, n),
-          .dens = with_length(out.dens, n),
-          .svol = with_length(out.svol, n),
-          .qual = with_length(out.qual, n),
-          .inte = with_length(out.inte, n),
-          .enth = with_length(out.enth, n),
-          .entr = with_length(out.entr, n),
-          .cv = with_length(out.cv, n),
-          .cp = with_length(out.cp, n),
-          .ssnd = with_length(out.ssnd, n),
-          .visc = with_length(out.visc, n),
-          .cond = with_length(out.cond, n),
-          .dpdd = with_length(out.dpdd, n),
-          .dpdt = with_length(out.dpdt, n),
-          .dhdd = with_length(out.dhdd, n),
-          .dhdt = with_length(out.dhdt, n),
-          .dsdd = with_length(out.dsdd, n),
-          .dsdt = with_length(out.dsdt, n)};
+  return {
+      // outputs: begin, written by scripts/generate_outputs
+      .temp = with_length(out.temp, n), .pres = with_length(out.pres, n),
+      .dens = with_length(out.dens, n), .svol = with_length(out.svol, n),
+      .qual = with_length(out.qual, n), .inte = with_length(out.inte, n),
+      .enth = with_length(out.enth, n), .entr = with_length(out.entr, n),
+      .cv = with_length(out.cv, n),     .cp = with_length(out.cp, n),
+      .ssnd = with_length(out.ssnd, n), .visc = with_length(out.visc, n),
+      .cond = with_length(out.cond, n), .dpdd = with_length(out.dpdd, n),
+      .dpdt = with_length(out.dpdt, n), .dhdd = with_length(out.dhdd, n),
+      .dhdt = with_length(out.dhdt, n), .dsdd = with_length(out.dsdd, n),
+      .dsdt = with_length(out.dsdt, n),
+      // outputs: end
+  };
 }
 
 }  // namespace

@@ -37,27 +37,32 @@ extern "C" {
  * Where the results of a state go; members that are not named in an initializer are null.
  */
 typedef struct co2_output_set {
+  /* outputs: begin, written by scripts/generate_outputs */
   double* temp; /**< temperature, K */
   double* pres; /**< pressure, kPa */
   double* dens; /**< density, kg/m3 */
   double* svol; /**< specific volume, m3/kg */
-  /** Vapour mass fraction. Below the critical temperature the lever value, not clipped: below 0 in
-      liquid, above 1 in vapour. At or above it 998 below the critical pressure, else 999. */
+  /** Vapour mass fraction (998, 999: supercritical). Below the critical temperature the lever
+      value, not clipped: below 0 in liquid, above 1 in vapour. At or above it 998 below the
+      critical pressure, else 999. */
   double* qual;
   double* inte; /**< specific internal energy, kJ/kg */
-  double* enth; /**< specific enthalpy, kJ/kg; 200 for saturated liquid at 273.15 K */
-  double* entr; /**< specific entropy, kJ/(kg K); 1 for saturated liquid at 273.15 K */
+  /** Specific enthalpy, kJ/kg. 200 for saturated liquid at 273.15 K. */
+  double* enth;
+  /** Specific entropy, kJ/(kg K). 1 for saturated liquid at 273.15 K. */
+  double* entr;
   double* cv;   /**< isochoric heat capacity, kJ/(kg K) */
   double* cp;   /**< isobaric heat capacity, kJ/(kg K) */
   double* ssnd; /**< speed of sound, m/s */
   double* visc; /**< viscosity, uPa s */
   double* cond; /**< thermal conductivity, W/(m K) */
-  double* dpdd; /**< (dp/drho) at constant T, kPa m3/kg */
-  double* dpdt; /**< (dp/dT) at constant rho, kPa/K */
-  double* dhdd; /**< (dh/drho) at constant T, kJ m3/kg2 */
-  double* dhdt; /**< (dh/dT) at constant rho, kJ/(kg K) */
-  double* dsdd; /**< (ds/drho) at constant T, kJ m3/(kg2 K) */
-  double* dsdt; /**< (ds/dT) at constant rho, kJ/(kg K2) */
+  double* dpdd; /**< dp/drho at constant temperature, kPa m3/kg */
+  double* dpdt; /**< dp/dT at constant density, kPa/K */
+  double* dhdd; /**< dh/drho at constant temperature, kJ m3/kg2 */
+  double* dhdt; /**< dh/dT at constant density, kJ/(kg K) */
+  double* dsdd; /**< ds/drho at constant temperature, kJ m3/(kg2 K) */
+  double* dsdt; /**< ds/dT at constant density, kJ/(kg K2) */
+  /* outputs: end */
 } co2_output_set;
 
 /**
@@ -162,11 +167,12 @@ typedef struct co2_codes {
 
 /** co2_output_set with an array for each result. */
 typedef struct co2_batch_output_set {
+  /* outputs: begin, written by scripts/generate_outputs */
   co2_outputs temp; /**< temperature, K */
   co2_outputs pres; /**< pressure, kPa */
   co2_outputs dens; /**< density, kg/m3 */
   co2_outputs svol; /**< specific volume, m3/kg */
-  co2_outputs qual; /**< vapour mass fraction, see co2_output_set */
+  co2_outputs qual; /**< vapour mass fraction (998, 999: supercritical) */
   co2_outputs inte; /**< specific internal energy, kJ/kg */
   co2_outputs enth; /**< specific enthalpy, kJ/kg */
   co2_outputs entr; /**< specific entropy, kJ/(kg K) */
@@ -175,12 +181,13 @@ typedef struct co2_batch_output_set {
   co2_outputs ssnd; /**< speed of sound, m/s */
   co2_outputs visc; /**< viscosity, uPa s */
   co2_outputs cond; /**< thermal conductivity, W/(m K) */
-  co2_outputs dpdd; /**< (dp/drho) at constant T, kPa m3/kg */
-  co2_outputs dpdt; /**< (dp/dT) at constant rho, kPa/K */
-  co2_outputs dhdd; /**< (dh/drho) at constant T, kJ m3/kg2 */
-  co2_outputs dhdt; /**< (dh/dT) at constant rho, kJ/(kg K) */
-  co2_outputs dsdd; /**< (ds/drho) at constant T, kJ m3/(kg2 K) */
-  co2_outputs dsdt; /**< (ds/dT) at constant rho, kJ/(kg K2) */
+  co2_outputs dpdd; /**< dp/drho at constant temperature, kPa m3/kg */
+  co2_outputs dpdt; /**< dp/dT at constant density, kPa/K */
+  co2_outputs dhdd; /**< dh/drho at constant temperature, kJ m3/kg2 */
+  co2_outputs dhdt; /**< dh/dT at constant density, kJ/(kg K) */
+  co2_outputs dsdd; /**< ds/drho at constant temperature, kJ m3/(kg2 K) */
+  co2_outputs dsdt; /**< ds/dT at constant density, kJ/(kg K2) */
+  /* outputs: end */
 } co2_batch_output_set;
 
 /**

@@ -21,14 +21,15 @@ inline constexpr std::size_t property_count = 19;
 
 /// In the order of `OutputSet`, which is also the order of the columns that are written.
 inline constexpr std::array<Property, property_count> properties = {{
+    // outputs: begin, written by scripts/generate_outputs
     {"temp", "K", "temperature", &OutputSet::temp},
     {"pres", "kPa", "pressure", &OutputSet::pres},
     {"dens", "kg/m3", "density", &OutputSet::dens},
     {"svol", "m3/kg", "specific volume", &OutputSet::svol},
     {"qual", "-", "vapour mass fraction (998, 999: supercritical)", &OutputSet::qual},
-    {"inte", "kJ/kg", "internal energy", &OutputSet::inte},
-    {"enth", "kJ/kg", "enthalpy", &OutputSet::enth},
-    {"entr", "kJ/(kg K)", "entropy", &OutputSet::entr},
+    {"inte", "kJ/kg", "specific internal energy", &OutputSet::inte},
+    {"enth", "kJ/kg", "specific enthalpy", &OutputSet::enth},
+    {"entr", "kJ/(kg K)", "specific entropy", &OutputSet::entr},
     {"cv", "kJ/(kg K)", "isochoric heat capacity", &OutputSet::cv},
     {"cp", "kJ/(kg K)", "isobaric heat capacity", &OutputSet::cp},
     {"ssnd", "m/s", "speed of sound", &OutputSet::ssnd},
@@ -40,6 +41,7 @@ inline constexpr std::array<Property, property_count> properties = {{
     {"dhdt", "kJ/(kg K)", "dh/dT at constant density", &OutputSet::dhdt},
     {"dsdd", "kJ m3/(kg2 K)", "ds/drho at constant temperature", &OutputSet::dsdd},
     {"dsdt", "kJ/(kg K2)", "ds/dT at constant density", &OutputSet::dsdt},
+    // outputs: end
 }};
 
 /// Index of the property called `name`; `property_count` if there is none.

@@ -20,6 +20,7 @@ struct OutputPair {
   double* OutputSet::*value;
 };
 constexpr OutputPair output_pairs[] = {
+    // outputs: begin, written by scripts/generate_outputs
     {&BatchOutputSet::temp, &OutputSet::temp}, {&BatchOutputSet::pres, &OutputSet::pres},
     {&BatchOutputSet::dens, &OutputSet::dens}, {&BatchOutputSet::svol, &OutputSet::svol},
     {&BatchOutputSet::qual, &OutputSet::qual}, {&BatchOutputSet::inte, &OutputSet::inte},
@@ -29,7 +30,9 @@ constexpr OutputPair output_pairs[] = {
     {&BatchOutputSet::cond, &OutputSet::cond}, {&BatchOutputSet::dpdd, &OutputSet::dpdd},
     {&BatchOutputSet::dpdt, &OutputSet::dpdt}, {&BatchOutputSet::dhdd, &OutputSet::dhdd},
     {&BatchOutputSet::dhdt, &OutputSet::dhdt}, {&BatchOutputSet::dsdd, &OutputSet::dsdd},
-    {&BatchOutputSet::dsdt, &OutputSet::dsdt}};
+    {&BatchOutputSet::dsdt, &OutputSet::dsdt},
+    // outputs: end
+};
 static_assert(std::size(output_pairs) == output_count);
 
 bool lengths_agree(const Input& first, const Input& second, const Codes& ierr,

@@ -61,11 +61,12 @@ class StridedSpan {
 /// Where the results of many states go: `OutputSet` with an array for each result. One without data
 /// is absent: it is neither computed nor written.
 struct BatchOutputSet {
+  // outputs: begin, written by scripts/generate_outputs
   StridedSpan<double> temp = {};  ///< temperature, K
   StridedSpan<double> pres = {};  ///< pressure, kPa
   StridedSpan<double> dens = {};  ///< density, kg/m3
   StridedSpan<double> svol = {};  ///< specific volume, m3/kg
-  StridedSpan<double> qual = {};  ///< vapour mass fraction, see OutputSet
+  StridedSpan<double> qual = {};  ///< vapour mass fraction (998, 999: supercritical)
   StridedSpan<double> inte = {};  ///< specific internal energy, kJ/kg
   StridedSpan<double> enth = {};  ///< specific enthalpy, kJ/kg
   StridedSpan<double> entr = {};  ///< specific entropy, kJ/(kg K)
@@ -74,12 +75,13 @@ struct BatchOutputSet {
   StridedSpan<double> ssnd = {};  ///< speed of sound, m/s
   StridedSpan<double> visc = {};  ///< viscosity, uPa s
   StridedSpan<double> cond = {};  ///< thermal conductivity, W/(m K)
-  StridedSpan<double> dpdd = {};  ///< (dp/drho) at constant T, kPa m3/kg
-  StridedSpan<double> dpdt = {};  ///< (dp/dT) at constant rho, kPa/K
-  StridedSpan<double> dhdd = {};  ///< (dh/drho) at constant T, kJ m3/kg2
-  StridedSpan<double> dhdt = {};  ///< (dh/dT) at constant rho, kJ/(kg K)
-  StridedSpan<double> dsdd = {};  ///< (ds/drho) at constant T, kJ m3/(kg2 K)
-  StridedSpan<double> dsdt = {};  ///< (ds/dT) at constant rho, kJ/(kg K2)
+  StridedSpan<double> dpdd = {};  ///< dp/drho at constant temperature, kPa m3/kg
+  StridedSpan<double> dpdt = {};  ///< dp/dT at constant density, kPa/K
+  StridedSpan<double> dhdd = {};  ///< dh/drho at constant temperature, kJ m3/kg2
+  StridedSpan<double> dhdt = {};  ///< dh/dT at constant density, kJ/(kg K)
+  StridedSpan<double> dsdd = {};  ///< ds/drho at constant temperature, kJ m3/(kg2 K)
+  StridedSpan<double> dsdt = {};  ///< ds/dT at constant density, kJ/(kg K2)
+  // outputs: end
 };
 
 /// \name Entries for arrays
