@@ -10,9 +10,11 @@ struct CriticalBox {
   double temp_lo, temp_hi;
   double dens_lo, dens_hi;
 
-  /// False for NaN.
+  /// False for NaN. Inlined even without optimization: files for wider vectors use it too, and
+  /// leave no copy of their own behind.
   template <class Real>
-  [[nodiscard]] constexpr bool contains(const Real temp, const Real dens) const noexcept {
+  [[nodiscard, gnu::always_inline]] constexpr bool contains(const Real temp,
+                                                            const Real dens) const noexcept {
     // Temperature first: it is what makes most states fail.
     return temp < temp_hi && temp > temp_lo && dens < dens_hi && dens > dens_lo;
   }

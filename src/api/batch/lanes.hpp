@@ -1,6 +1,6 @@
 // Batch entries with `lane_count` states side by side, for the source files that define this number
-// and the instruction set (avx2.cpp, avx512.cpp). No #pragma once: everything here
-// belongs to the one file that includes it, and nothing of it may be shared with another.
+// and the instruction set (avx2.cpp, avx512.cpp). No #pragma once: everything here belongs to the
+// one file that includes it, and nothing of it may be shared with another.
 //
 // States are taken one by one up to the element that holds them or starts their iteration. Those
 // that take the common road are collected until all lanes are filled, and evaluated together. All
