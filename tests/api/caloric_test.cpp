@@ -127,7 +127,7 @@ TEST(Caloric, IteratesKeepTheirElementUpToTheMargin) {
 // leaves there is evaluated once more, since the last step moved it.
 TEST(Caloric, SolverMeetsTheTargetOrRunsToItsLimit) {
   std::mt19937_64 engine(3);
-  std::uniform_real_distribution<double> in_temp(240.0, 1500.0);
+  std::uniform_real_distribution<double> in_temp(temp_min, temp_max);
   std::uniform_real_distribution<double> in_dens(1.0, 600.0);
   int late = 0;
   for (int sample = 0; sample < 50000; ++sample) {

@@ -131,10 +131,10 @@ std::vector<State> states() {
     if (ierr == 0 && slope != 0.0) all.push_back(at);  // two phases have no slope
   };
   for (int k = 0; k < each; ++k) {
-    add(between(240.0, 1500.0), between(0.0, 1260.0));
-    add(between(240.0, 400.0), between(0.0, 1260.0));
-    add(between(240.0, 1500.0), std::exp(between(std::log(0.0036), std::log(1000.0))));
-    add(between(240.0, 320.0), std::exp(between(std::log(0.015), std::log(400.0))));
+    add(between(temp_min, temp_max), between(0.0, 1260.0));
+    add(between(temp_min, 400.0), between(0.0, 1260.0));
+    add(between(temp_min, temp_max), std::exp(between(std::log(0.0036), std::log(1000.0))));
+    add(between(temp_min, 320.0), std::exp(between(std::log(0.015), std::log(400.0))));
     add(between(303.5, 305.0), between(380.0, 560.0));
   }
   return all;
