@@ -1,5 +1,7 @@
 #pragma once
-// The four entries and their batch forms, as a list to loop over.
+// The four entries, one state or many at a time, as a list to loop over.
+
+#include <vector>
 
 #include "api/batch/levels.hpp"
 #include "api/co2_properties.hpp"
@@ -10,38 +12,31 @@ namespace co2_properties::bench {
 struct Entry {
   const char* name;
   void (*single)(const double&, const double&, std::int32_t&, const OutputSet&) noexcept;
-  BatchEntries::Run BatchEntries::*batch;
+  bool (*batch)(StridedSpan<const double>, StridedSpan<const double>, StridedSpan<std::int32_t>,
+                const BatchOutputSet&) noexcept;
+  BatchEntries::Run BatchEntries::*level;
   double State::*first;
   double State::*second;
+  bool has_two_phase;
 };
 inline constexpr Entry entries[] = {
-    {"co2_td", co2_td, &BatchEntries::td, &State::temp, &State::dens},
-    {"co2_tp", co2_tp, &BatchEntries::tp, &State::temp, &State::pres},
-    {"co2_ph", co2_ph, &BatchEntries::ph, &State::pres, &State::enth},
-    {"co2_ps", co2_ps, &BatchEntries::ps, &State::pres, &State::entr},
+    {"td", co2_td, co2_td_batch, &BatchEntries::td, &State::temp, &State::dens, true},
+    {"tp", co2_tp, co2_tp_batch, &BatchEntries::tp, &State::temp, &State::pres, false},
+    {"ph", co2_ph, co2_ph_batch, &BatchEntries::ph, &State::pres, &State::enth, true},
+    {"ps", co2_ps, co2_ps_batch, &BatchEntries::ps, &State::pres, &State::entr, true},
 };
 
-/// An instruction set of this machine and its batch entries.
+/// An instruction set that this machine has and its batch entries.
 struct Level {
   const char* name;
   const BatchEntries* entries;
 };
 inline std::vector<Level> levels() {
-  std::vector<Level> found = {{"one by one", &one_by_one}};
-#if defined(__x86_64__) && defined(__GNUC__)
-  if (four_lanes != nullptr && __builtin_cpu_supports("avx2") != 0) {
-    found.push_back({"AVX2", four_lanes});
-  }
-  if (eight_lanes != nullptr && __builtin_cpu_supports("avx512f") != 0) {
-    found.push_back({"AVX-512", eight_lanes});
-  }
-#endif
+  const InstructionSets machine = instruction_sets();
+  std::vector<Level> found = {{"batch, one by one", &one_by_one}};
+  if (machine.avx2 && four_lanes != nullptr) found.push_back({"batch, AVX2", four_lanes});
+  if (machine.avx512f && eight_lanes != nullptr) found.push_back({"batch, AVX-512", eight_lanes});
   return found;
-}
-
-/// `co2_tp` has no two-phase states.
-inline bool serves(const Entry& entry, const Region& region) {
-  return !region.two_phase || entry.single != static_cast<decltype(entry.single)>(co2_tp);
 }
 
 }  // namespace co2_properties::bench

@@ -1,108 +1,166 @@
-// What a state costs, by region and by what is asked for: single calls, batches, two threads.
+// What a state costs by entry, by the way of calling, by outputs and by region. Names are
+// "way/outputs/states/entry".
 
 #include <benchmark/benchmark.h>
 
-#include <mutex>
+#include <array>
+#include <bit>
+#include <string>
 
 #include "bench/entries.hpp"
 
 namespace co2_properties::bench {
 namespace {
 
-struct Inputs {
-  std::vector<double> first, second;
+/// Outputs by their place in `OutputSet`.
+enum Output : std::size_t { temp, pres, dens, enth = 6, entr, cv, cp, ssnd, visc, cond };
+static_assert(sizeof(BatchOutputSet) == output_count * sizeof(StridedSpan<double>));
+
+struct Outputs {
+  const char* name;
+  std::vector<std::size_t> list;
 };
 
-Inputs inputs_of(const Entry& entry, const Region& region, const bool smooth) {
-  static std::mutex drawing;
-  const std::lock_guard<std::mutex> lock(drawing);
-  const std::vector<State>& states = draw_states(region, smooth);
-  return {column(states, entry.first), column(states, entry.second)};
+const Outputs six = {"p, h, s, cv, cp, w", {pres, enth, entr, cv, cp, ssnd}};
+const Outputs five = {"T, p, rho, h, s", {temp, pres, dens, enth, entr}};
+const Outputs with_visc = {"six + viscosity", {pres, enth, entr, cv, cp, ssnd, visc}};
+const Outputs with_cond = {"six + conductivity", {pres, enth, entr, cv, cp, ssnd, cond}};
+const Outputs all = [] {
+  Outputs result = {"all nineteen", {}};
+  for (std::size_t k = 0; k < output_count; ++k) result.list.push_back(k);
+  return result;
+}();
+/// The one output that an entry is most often called for.
+Outputs one(const Entry& entry) {
+  return {"one", {entry.first == &State::pres ? temp : entry.second == &State::pres ? dens : pres}};
 }
 
-/// Calls with a fixed set of outputs, as a program makes them that knows what it wants.
-template <auto... members>
-void call_single(benchmark::State& run, const Entry& entry, const Inputs& in) {
-  double values[sizeof...(members) + 1];
-  OutputSet out;
-  std::size_t k = 0;
-  ((out.*members = &values[k++]), ...);
+/// Inputs and results of `state_count` states.
+struct Arrays {
+  Arrays(const Entry& entry, const Region& region)
+      : first(column(region, entry.first)), second(column(region, entry.second)) {}
+
+  BatchOutputSet outputs(const Outputs& wanted) {
+    std::array<StridedSpan<double>, output_count> spans;
+    for (const std::size_t k : wanted.list) {
+      values[k].resize(state_count);
+      spans[k] = values[k];
+    }
+    return std::bit_cast<BatchOutputSet>(spans);
+  }
+
+  std::vector<double> first, second;
+  std::vector<double> values[output_count];
+  std::vector<std::int32_t> ierr = std::vector<std::int32_t>(state_count);
+};
+
+/// Calls that use a result at once and keep none.
+void call_single(benchmark::State& run, const Entry& entry, const Outputs& wanted,
+                 const Region& region) {
+  const Arrays in(entry, region);
+  double values[output_count];
+  std::array<double*, output_count> places{};
+  for (const std::size_t k : wanted.list) places[k] = &values[k];
+  const auto out = std::bit_cast<OutputSet>(places);
   std::int32_t ierr = 0;
   for (auto _ : run) {
-    for (std::size_t i = 0; i < in.first.size(); ++i) {
+    for (std::size_t i = 0; i < state_count; ++i) {
       entry.single(in.first[i], in.second[i], ierr, out);
       benchmark::DoNotOptimize(values);
     }
   }
-  run.SetItemsProcessed(run.iterations() * static_cast<std::int64_t>(in.first.size()));
+  count_states(run);
 }
 
-void call_batch(benchmark::State& run, const Entry& entry, const Level& level, const Inputs& in) {
-  std::vector<double> values[6];
-  for (std::vector<double>& v : values) v.resize(in.first.size());
-  std::vector<std::int32_t> ierr(in.first.size());
-  const BatchOutputSet out = {.pres = values[0],
-                              .enth = values[1],
-                              .entr = values[2],
-                              .cv = values[3],
-                              .cp = values[4],
-                              .ssnd = values[5]};
+/// A program that fills its arrays with a loop of single calls.
+void call_loop(benchmark::State& run, const Entry& entry, const Region& region) {
+  Arrays a(entry, region);
+  a.outputs(six);
+  auto& v = a.values;
   for (auto _ : run) {
-    (level.entries->*entry.batch)({in.first, in.second, ierr, out});
+    for (std::size_t i = 0; i < state_count; ++i) {
+      entry.single(a.first[i], a.second[i], a.ierr[i],
+                   {.pres = &v[pres][i],
+                    .enth = &v[enth][i],
+                    .entr = &v[entr][i],
+                    .cv = &v[cv][i],
+                    .cp = &v[cp][i],
+                    .ssnd = &v[ssnd][i]});
+    }
     benchmark::ClobberMemory();
   }
-  run.SetItemsProcessed(run.iterations() * static_cast<std::int64_t>(in.first.size()));
+  count_states(run);
 }
 
-using Body = void (*)(benchmark::State&, const Entry&, const Inputs&);
-struct Subset {
-  const char* name;
-  Body body;
-};
+/// \param call  called with the arrays and the outputs
+template <class Call>
+void call_batch(benchmark::State& run, const Entry& entry, const Outputs& wanted,
+                const Region& region, const Call& call) {
+  Arrays a(entry, region);
+  const BatchOutputSet out = a.outputs(wanted);
+  for (auto _ : run) {
+    call(a, out);
+    benchmark::ClobberMemory();
+  }
+  count_states(run);
+}
 
-#define CO2_SIX                                                                         \
-  &OutputSet::pres, &OutputSet::enth, &OutputSet::entr, &OutputSet::cv, &OutputSet::cp, \
-      &OutputSet::ssnd
-constexpr Subset six = {"six", call_single<CO2_SIX>};
-constexpr Subset subsets[] = {
-    {"one", call_single<&OutputSet::enth>},
-    six,
-    {"six+visc", call_single<CO2_SIX, &OutputSet::visc>},
-    {"six+cond", call_single<CO2_SIX, &OutputSet::cond>},
-    {"all", call_single<CO2_SIX, &OutputSet::temp, &OutputSet::dens, &OutputSet::svol,
-                        &OutputSet::qual, &OutputSet::inte, &OutputSet::visc, &OutputSet::cond,
-                        &OutputSet::dpdd, &OutputSet::dpdt, &OutputSet::dhdd, &OutputSet::dhdt,
-                        &OutputSet::dsdd, &OutputSet::dsdt>},
-};
-#undef CO2_SIX
+std::string title(const char* way, const Outputs& wanted, const Region& region,
+                  const Entry& entry) {
+  return std::string(way) + '/' + wanted.name + '/' + region.name + '/' + entry.name;
+}
 
-benchmark::internal::Benchmark* add(const Entry& entry, const Subset& subset, const Region& region,
-                                    const bool smooth) {
-  return benchmark::RegisterBenchmark(
-      title(entry.name, subset.name, region, smooth).c_str(),
-      [&entry, body = subset.body, &region, smooth](benchmark::State& run) {
-        body(run, entry, inputs_of(entry, region, smooth));
+benchmark::internal::Benchmark* add_single(const Entry& entry, const Outputs& wanted,
+                                           const Region& region, const char* way = "single") {
+  return benchmark::RegisterBenchmark(title(way, wanted, region, entry).c_str(),
+                                      [&entry, wanted, &region](benchmark::State& run) {
+                                        call_single(run, entry, wanted, region);
+                                      });
+}
+
+void add_level(const Level& level, const Entry& entry, const Outputs& wanted,
+               const Region& region) {
+  benchmark::RegisterBenchmark(
+      title(level.name, wanted, region, entry).c_str(),
+      [level, &entry, wanted, &region](benchmark::State& run) {
+        call_batch(run, entry, wanted, region, [&](Arrays& a, const BatchOutputSet& out) {
+          (level.entries->*entry.level)({a.first, a.second, a.ierr, out});
+        });
       });
+}
+
+/// What is measured of single calls and of each level of the batches.
+struct Case {
+  Outputs outputs;
+  const Region& region;
+};
+std::vector<Case> cases(const Entry& entry) {
+  std::vector<Case> result = {{six, domain},        {six, path},          {six, gas},
+                              {six, liquid},        {six, supercritical}, {six, inlet},
+                              {six, critical_box},  {five, critical_box}, {six, critical_point},
+                              {one(entry), domain}, {with_visc, domain},  {with_cond, domain},
+                              {all, domain}};
+  if (entry.has_two_phase) result.push_back({six, two_phase});
+  return result;
 }
 
 const bool registered = [] {
   for (const Entry& entry : entries) {
-    for (const Region& region : regions) {
-      if (!serves(entry, region)) continue;
-      for (const Subset& subset : subsets) add(entry, subset, region, false);
-      add(entry, six, region, true);
-      for (const Level& level : levels()) {
-        for (const bool smooth : {false, true}) {
-          benchmark::RegisterBenchmark(title(entry.name, level.name, region, smooth).c_str(),
-                                       [&entry, level, &region, smooth](benchmark::State& run) {
-                                         call_batch(run, entry, level,
-                                                    inputs_of(entry, region, smooth));
-                                       });
-        }
-      }
-    }
+    for (const Case& c : cases(entry)) add_single(entry, c.outputs, c.region);
     for (const int threads : {1, 2}) {
-      add(entry, {"throughput", six.body}, domain, false)->Threads(threads)->UseRealTime();
+      add_single(entry, six, domain, "in parallel")->Threads(threads)->UseRealTime();
+    }
+    benchmark::RegisterBenchmark(
+        title("loop of single calls", six, domain, entry).c_str(),
+        [&entry](benchmark::State& run) { call_loop(run, entry, domain); });
+    benchmark::RegisterBenchmark(
+        title("batch, as called", six, domain, entry).c_str(), [&entry](benchmark::State& run) {
+          call_batch(run, entry, six, domain, [&](Arrays& a, const BatchOutputSet& out) {
+            entry.batch(a.first, a.second, a.ierr, out);
+          });
+        });
+    for (const Level& level : levels()) {
+      for (const Case& c : cases(entry)) add_level(level, entry, c.outputs, c.region);
     }
   }
   return true;
