@@ -8,8 +8,8 @@
 
 namespace co2_properties::accuracy {
 
-/// Largest differences between the evaluation of the elements in double and the same sums with the
-/// same coefficients in long double, over single-phase states.
+/// How far the outputs of `co2_td` are from the same formulas of the same sums, taken with the
+/// same coefficients in quadruple precision, over single-phase states.
 [[nodiscard]] Section rounding_section(std::span<const StateErrors> states);
 
 }  // namespace co2_properties::accuracy
