@@ -103,4 +103,21 @@ long double atan(const long double x) { return call<mpfr_atan>(x); }
 
 long double pow(const long double x, const long double y) { return call<mpfr_pow>(x, y); }
 
+SplitLog split_log(const long double x, const double unit) {
+  const CachesOfThread caches;
+  mpfr_t log;
+  mpfr_init2(log, 256);
+  mpfr_set_ld(log, x, MPFR_RNDN);
+  mpfr_log(log, log, MPFR_RNDN);
+  mpfr_t high;
+  mpfr_init2(high, 256);
+  mpfr_div_d(high, log, unit, MPFR_RNDN);
+  mpfr_rint(high, high, MPFR_RNDN);
+  mpfr_mul_d(high, high, unit, MPFR_RNDN);
+  mpfr_sub(log, log, high, MPFR_RNDN);
+  const SplitLog split = {mpfr_get_d(high, MPFR_RNDN), mpfr_get_d(log, MPFR_RNDN)};
+  mpfr_clears(log, high, static_cast<mpfr_ptr>(nullptr));
+  return split;
+}
+
 }  // namespace co2_properties::reference::elementary

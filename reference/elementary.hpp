@@ -35,6 +35,12 @@ using std::sqrt;
   return static_cast<double>(log(static_cast<long double>(x)));
 }
 
+/// ln x in two parts: its nearest multiple of a power of two, and the rest, rounded.
+struct SplitLog {
+  double high, low;
+};
+[[nodiscard]] SplitLog split_log(long double x, double unit);
+
 }  // namespace co2_properties::reference::elementary
 
 namespace co2_properties::tablegen {

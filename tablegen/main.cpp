@@ -12,6 +12,7 @@
 
 #include "tablegen/emit/element_table.hpp"
 #include "tablegen/emit/inverse_table.hpp"
+#include "tablegen/emit/logarithm_table.hpp"
 #include "tablegen/emit/patch_table.hpp"
 #include "tablegen/emit/table.hpp"
 #include "tablegen/emit/tp_curve_table.hpp"
@@ -25,6 +26,7 @@ using co2_properties::tablegen::Table;
 /// Every table, in the order of `tablegen all`.
 std::vector<Table> registry() {
   std::vector<Table> tables = co2_properties::tablegen::patch_tables();
+  tables.push_back(co2_properties::tablegen::logarithm_table_entry());
   tables.push_back(co2_properties::tablegen::elements_table());
   tables.push_back(co2_properties::tablegen::tp_curves_table());  // reads the element table
   for (Table& table : co2_properties::tablegen::inverse_tables()) {

@@ -30,7 +30,9 @@ std::string generated_source(const Provenance& provenance, const std::string& bo
                      "`. Do not edit: change tablegen/ and build the target `tables`.\n";
   for (const std::string& line : provenance.content) text += "// " + line + "\n";
   text += "// Fitted to: " + provenance.fitted_to + "\n";
-  text += "// Tiling: " + provenance.tiling + ". Input digest " + provenance.digest + ".\n";
+  text += "// ";
+  if (!provenance.tiling.empty()) text += "Tiling: " + provenance.tiling + ". ";
+  text += "Input digest " + provenance.digest + ".\n";
   for (const std::string& line : provenance.errors) text += "// " + line + "\n";
   return text + digest_line(body) + body;
 }

@@ -14,7 +14,7 @@ struct Provenance {
   std::vector<std::string>
       content;            ///< lines: what the data is, units, where its record is declared
   std::string fitted_to;  ///< papers
-  std::string tiling;     ///< input file, from the root of the repository
+  std::string tiling;     ///< input file, from the root of the repository; may be empty
   std::string digest;     ///< of the inputs
   std::vector<std::string> errors;  ///< lines: worst fit errors and where
 };

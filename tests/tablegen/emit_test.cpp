@@ -63,7 +63,7 @@ TEST(Source, ShippedBodiesAreThoseOfTheirDigests) {
     EXPECT_FALSE(has_own_body(source)) << entry.path();
     ++count;
   }
-  EXPECT_EQ(count, 11);
+  EXPECT_EQ(count, 12);
 }
 
 TEST(CellGrid, HoldsEachRectangleAndAsksForTheRest) {
