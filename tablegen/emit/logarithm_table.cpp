@@ -14,7 +14,7 @@
 #include "numbers/logarithm.hpp"
 #include "tablegen/emit/number.hpp"
 #include "tablegen/emit/source.hpp"
-#include "tablegen/reference/elementary.hpp"
+#include "reference/elementary.hpp"
 
 namespace co2_properties::tablegen {
 namespace {
