@@ -41,8 +41,9 @@ struct Claim {
   const char* arguments;
   Draw draw;
   double (*own)(double x);
-  long double (*reference)(long double x);
-  double bound;  // units in the last place
+  long double (*rough)(long double x);      // of the C library
+  long double (*reference)(long double x);  // of MPFR
+  double bound;                             // units in the last place
 };
 
 namespace elementary = reference::elementary;
@@ -50,15 +51,25 @@ namespace elementary = reference::elementary;
 double own_cube_root(const double x) { return cube_root(x); }
 double own_cosine(const double x) { return cosine_of_third(x); }
 double own_logarithm(const double x) { return logarithm(x); }
+
+long double rough_cube_root(const long double x) { return std::cbrt(x); }
+long double rough_cosine(const long double x) { return std::cos(std::acos(x) / 3.0L); }
+long double rough_logarithm(const long double x) { return std::log(x); }
 long double cosine(const long double x) { return elementary::cos(elementary::acos(x) / 3.0L); }
 
 constexpr Claim claims[] = {
-    {"logarithm", "all exponents", any_normal, own_logarithm, elementary::log, logarithm_error},
-    {"logarithm", "0.6875 to 1.375", one_binade, own_logarithm, elementary::log, logarithm_error},
-    {"logarithm", "around 1", around_one, own_logarithm, elementary::log, logarithm_error},
-    {"logarithm", "densities", density, own_logarithm, elementary::log, logarithm_error},
-    {"cube_root", "1 to 8", three_binades, own_cube_root, elementary::cbrt, cube_root_error},
-    {"cosine_of_third", "-1 to 1", any_cosine, own_cosine, cosine, cosine_of_third_error},
+    {"logarithm", "all exponents", any_normal, own_logarithm, rough_logarithm, elementary::log,
+     logarithm_error},
+    {"logarithm", "0.6875 to 1.375", one_binade, own_logarithm, rough_logarithm, elementary::log,
+     logarithm_error},
+    {"logarithm", "around 1", around_one, own_logarithm, rough_logarithm, elementary::log,
+     logarithm_error},
+    {"logarithm", "densities", density, own_logarithm, rough_logarithm, elementary::log,
+     logarithm_error},
+    {"cube_root", "1 to 8", three_binades, own_cube_root, rough_cube_root, elementary::cbrt,
+     cube_root_error},
+    {"cosine_of_third", "-1 to 1", any_cosine, own_cosine, rough_cosine, cosine,
+     cosine_of_third_error},
 };
 
 /// |value - exact| in units in the last place of `exact`.
@@ -67,6 +78,10 @@ double error(const double value, const long double exact) {
   const long double unit = std::ldexp(1.0L, std::ilogb(exact) - 52);
   return static_cast<double>(std::fabs(value - exact) / unit);
 }
+
+/// Of the functions of the C library in long double, with room to spare: only what may be the worst
+/// is worth a microsecond of MPFR.
+constexpr double rough_error = 0.01;
 
 bool report(const std::uint64_t count, const std::uint64_t seed) {
   bool good = true;
@@ -77,7 +92,9 @@ bool report(const std::uint64_t count, const std::uint64_t seed) {
     double where = 0.0;
     for (std::uint64_t i = 0; i < count; ++i) {
       const double x = claim.draw(bits());
-      const double e = error(claim.own(x), claim.reference(x));
+      const double y = claim.own(x);
+      if (error(y, claim.rough(x)) + rough_error < worst) continue;
+      const double e = error(y, claim.reference(x));
       if (!(e <= worst)) {
         worst = e;
         where = x;
