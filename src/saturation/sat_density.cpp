@@ -3,12 +3,13 @@
 #include "saturation/sat_density.hpp"
 
 #include <algorithm>
-#include <cmath>
 #include <cstdint>
 #include <iterator>
 
 #include "cells/cell_map.hpp"
 #include "co2_properties/limits.hpp"
+#include "numbers/elementary.hpp"
+#include "numbers/lanes.hpp"
 #include "saturation/quintic.hpp"
 
 namespace co2_properties {
@@ -199,17 +200,17 @@ constexpr bool relations_hold(const Cubic (&cubics)[count]) noexcept {
 }
 static_assert(relations_hold(liquid_cubics) && relations_hold(vapour_cubics));
 
+/// Root of y^3 - 3 c y + 2 q = 0: the only one or, of three, the largest.
 double solve_cubic(const Cubic& piece, const double temp) noexcept {
-  constexpr double third = 0.3333333333333333;
-  constexpr double two_pi = 6.283185307179586;
   const double q = piece.slope * temp - piece.offset;
   const double discriminant = q * q - piece.c_cubed;
   double y;
   if (q * q >= piece.c_cubed) {
-    const double s = std::copysign(std::pow(std::abs(q) + std::sqrt(discriminant), third), q);
-    y = piece.c / -s - s + piece.shift;
+    const double s = cube_root(absolute(q) + root(discriminant));
+    const double sum = piece.c / s + s;
+    y = (q < 0.0 ? sum : -sum) + piece.shift;
   } else {
-    y = piece.shift - piece.amplitude * std::cos((std::acos(piece.root_c * q) + two_pi) * third);
+    y = piece.shift + piece.amplitude * cosine_of_third(-piece.root_c * q);
   }
   return y + piece.dens_node;
 }
