@@ -26,16 +26,12 @@ inline constexpr Entry entries[] = {
     {"ps", co2_ps, co2_ps_batch, &BatchEntries::ps, &State::pres, &State::entr, true},
 };
 
-/// An instruction set that this machine has and its batch entries.
-struct Level {
-  const char* name;
-  const BatchEntries* entries;
-};
-inline std::vector<Level> levels() {
-  const InstructionSets machine = instruction_sets();
-  std::vector<Level> found = {{"batch, one by one", &one_by_one}};
-  if (machine.avx2 && four_lanes != nullptr) found.push_back({"batch, AVX2", four_lanes});
-  if (machine.avx512f && eight_lanes != nullptr) found.push_back({"batch, AVX-512", eight_lanes});
+/// The levels of the batches that this machine has.
+inline std::vector<Level> levels_here() {
+  std::vector<Level> found;
+  for (const Level& level : levels(instruction_sets()).level) {
+    if (level.runs) found.push_back(level);
+  }
   return found;
 }
 

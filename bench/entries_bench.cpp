@@ -121,7 +121,7 @@ benchmark::internal::Benchmark* add_single(const Entry& entry, const Outputs& wa
 void add_level(const Level& level, const Entry& entry, const Outputs& wanted,
                const Region& region) {
   benchmark::RegisterBenchmark(
-      title(level.name, wanted, region, entry).c_str(),
+      title((std::string("batch, ") + level.name).c_str(), wanted, region, entry).c_str(),
       [level, &entry, wanted, &region](benchmark::State& run) {
         call_batch(run, entry, wanted, region, [&](Arrays& a, const BatchOutputSet& out) {
           (level.entries->*entry.level)({a.first, a.second, a.ierr, out});
@@ -159,7 +159,7 @@ const bool registered = [] {
             entry.batch(a.first, a.second, a.ierr, out);
           });
         });
-    for (const Level& level : levels()) {
+    for (const Level& level : levels_here()) {
       for (const Case& c : cases(entry)) add_level(level, entry, c.outputs, c.region);
     }
   }

@@ -40,9 +40,9 @@ inline constexpr Region supercritical = {"supercritical", 304.2, temp_max, 1, 11
 /// Of the compressor of supercritical cycles.
 inline constexpr Region inlet = {"compressor inlet", 302, 319, 150, 780, 7350, 8480};
 /// Where cv, cp and the speed of sound come from fits of their own.
-inline constexpr Region critical_box = {
-    "critical box", near_critical_box.temp_lo, near_critical_box.temp_hi, near_critical_box.dens_lo,
-    near_critical_box.dens_hi};
+inline constexpr Region critical_box = {"critical box", near_critical_box.temp_lo,
+                                        near_critical_box.temp_hi, near_critical_box.dens_lo,
+                                        near_critical_box.dens_hi};
 /// The heart of the box.
 inline constexpr Region critical_point = {"critical point", 304.0, 304.3, 380, 560, 7300, 7500};
 inline constexpr Region two_phase = {"two-phase", temp_min, 304, 30, 1100, pres_min, 8000, true};

@@ -14,6 +14,8 @@
 #include "tablegen/emit/inverse_table.hpp"
 #include "tablegen/emit/logarithm_table.hpp"
 #include "tablegen/emit/patch_table.hpp"
+#include "tablegen/emit/saturation_bounds_table.hpp"
+#include "tablegen/emit/start_map_table.hpp"
 #include "tablegen/emit/table.hpp"
 #include "tablegen/emit/tp_curve_table.hpp"
 #include "tablegen/parallel.hpp"
@@ -32,6 +34,8 @@ std::vector<Table> registry() {
   for (Table& table : co2_properties::tablegen::inverse_tables()) {
     tables.push_back(std::move(table));
   }
+  tables.push_back(co2_properties::tablegen::start_maps_table());
+  tables.push_back(co2_properties::tablegen::saturation_bounds_table());
   return tables;
 }
 

@@ -30,8 +30,12 @@ static_assert(sizeof(Element) == 40 * sizeof(double), "a record is forty doubles
 extern const Element elements[element_count];
 
 /// Record of the element with the 1-based index `e`, 1..649.
-[[nodiscard]] inline const Element& element(const std::int32_t e) noexcept {
+[[nodiscard, gnu::always_inline]] inline const Element& element(const std::int32_t e) noexcept {
   return elements[e - 1];
 }
+
+/// One element for each lane.
+template <class V>
+using Cells = const Element * [sizeof(V) / sizeof(double)];
 
 }  // namespace co2_properties

@@ -2,13 +2,11 @@
 
 #include "eos/helmholtz.hpp"
 
-#include <cmath>
-
 namespace co2_properties {
 
 HelmholtzDerivatives element_derivatives(const std::int32_t& e, const double& temp,
                                          const double& dens) noexcept {
-  return evaluate(element(e), temp, dens, std::log(dens));
+  return plain(evaluate(element(e), temp, dens), dens);
 }
 
 }  // namespace co2_properties

@@ -1,142 +1,178 @@
 #pragma once
-// Helmholtz energy and its derivatives: the one evaluation of the element polynomials.
+// Helmholtz energy and its derivatives: the one evaluation of the element polynomials, for one
+// state or for several in lanes.
 
 #include <cstdint>
 
-#include "cells/pair.hpp"
 #include "co2_properties/helmholtz_derivatives.hpp"
 #include "eos/element.hpp"
+#include "numbers/couple.hpp"
+#include "numbers/logarithm.hpp"
+#include "numbers/polynomial.hpp"
 
 namespace co2_properties {
 
-// Nested multiplication, in tau for every density function and then in delta. The order matters:
-// coefficients of the elements near the critical point reach 1e13 and cancel; powers formed
-// separately would lose the digits that nesting keeps. The templates run on one state or on lanes,
-// which are independent of each other: the bits are the same.
-
-/// step(0), step(1), ..., step(count - 1), without a loop.
-template <std::int32_t count, class Step>
-[[gnu::always_inline]] inline void unrolled(const Step& step) noexcept {
-#if defined(__clang__)
-#pragma unroll
-#elif defined(__GNUC__)
-#pragma GCC unroll 8
-#endif
-  for (std::int32_t j = 0; j < count; ++j) step(j);
-}
-
-/// Sums over the powers of tau for some of the density functions; steps through all of them at
-/// once, since each alone waits for its own results.
-///
-/// \param coef  coef[i][j]: coefficient of power i of tau in density function j
-/// \param s     receives s.f[j], s.f_t[j] and the exact half of the second derivative,
-///              s.half_f_tt[j]
-template <std::int32_t count, class Real, class Sums>
-[[gnu::always_inline]] inline void sum_powers(const Real (&coef)[temp_terms][count],
-                                              const Real& tau, Sums& s) noexcept {
-  unrolled<count>([&](const std::int32_t j) {
-    const Real c5 = coef[5][j];
-    s.f[j] = c5 * tau;
-    s.f_t[j] = 5.0 * c5 * tau;
-    s.half_f_tt[j] = s.f_t[j] + s.f_t[j];
-  });
-  unrolled<count>([&](const std::int32_t j) {
-    const Real c4 = coef[4][j];
-    s.f[j] = (s.f[j] + c4) * tau;
-    s.f_t[j] = (s.f_t[j] + 4.0 * c4) * tau;
-    s.half_f_tt[j] = (s.half_f_tt[j] + 6.0 * c4) * tau;
-  });
-  unrolled<count>([&](const std::int32_t j) {
-    const Real c3 = coef[3][j];
-    const Real three_c3 = 3.0 * c3;
-    s.f[j] = (s.f[j] + c3) * tau;
-    s.f_t[j] = (s.f_t[j] + three_c3) * tau;
-    s.half_f_tt[j] = (s.half_f_tt[j] + three_c3) * tau;
-  });
-  unrolled<count>([&](const std::int32_t j) {
-    const Real c2 = coef[2][j];
-    s.f[j] = (s.f[j] + c2) * tau;
-    s.f_t[j] = (s.f_t[j] + 2.0 * c2) * tau;
-    s.half_f_tt[j] = s.half_f_tt[j] + c2;
-  });
-  unrolled<count>([&](const std::int32_t j) {
-    const Real c1 = coef[1][j];
-    s.f[j] = (s.f[j] + c1) * tau;
-    s.f_t[j] = s.f_t[j] + c1;
-  });
-  unrolled<count>([&](const std::int32_t j) { s.f[j] = s.f[j] + coef[0][j]; });
-}
-
-/// Sum over the density functions with the factors k.
+/// One element at one temperature: what its evaluation has in common for all densities. Factors of
+/// the density functions, ln rho first; no arrays, which some compilers would copy through memory.
 template <class Real>
-[[nodiscard, gnu::always_inline]] inline Real sum_density(const Real (&k)[dens_terms],
-                                                          const Real& delta,
-                                                          const Real& log_dens) noexcept {
-  return k[0] * log_dens + ((((k[5] * delta + k[4]) * delta + k[3]) * delta + k[2]) * delta + k[1]);
-}
-
-/// Its derivative in density without that of the logarithm.
-template <class Real>
-[[nodiscard, gnu::always_inline]] inline Real sum_slopes(const Real (&k)[dens_terms],
-                                                         const Real& delta) noexcept {
-  return ((4.0 * k[5] * delta + 3.0 * k[4]) * delta + 2.0 * k[3]) * delta + k[2];
-}
-
-/// Its second derivative in density without that of the logarithm.
-template <class Real>
-[[nodiscard, gnu::always_inline]] inline Real sum_curvatures(const Real (&k)[dens_terms],
-                                                             const Real& delta) noexcept {
-  return (12.0 * k[5] * delta + 6.0 * k[4]) * delta + 2.0 * k[3];
-}
-
-/// One element at one temperature: what its evaluation has in common for all densities.
-///
-/// The density functions go through the sums over tau in pairs, and the sums for a and a_t through
-/// those over delta.
 struct Isotherm {
-  double dens0;
-  Pair k[dens_terms];            ///< factors of the density functions in a and in a_t
-  double half_f_tt[dens_terms];  ///< halves of those in a_tt
-
-  [[nodiscard]] double f(const std::int32_t j) const noexcept { return k[j][0]; }
+  Real dens0;
+  Couple<Real> a0, a1, a2, a3, a4, a5;  ///< factors in a and in a_T
+  Couple<Real> b0, b1, b2, b3, b4, b5;  ///< halves of those in a_TT, sixths of those in a_TTT
 };
 
-[[nodiscard, gnu::always_inline]] inline Isotherm isotherm(const Element& cell,
-                                                           const double temp) noexcept {
-  struct {
-    Pair f[dens_terms / 2], f_t[dens_terms / 2], half_f_tt[dens_terms / 2];
-  } s;
-  sum_powers(pairs_of(cell.coef), both(temp - cell.temp0), s);
-  const auto& h = s.half_f_tt;
+/// Whether sums go as far as third derivatives, for steps of third order.
+enum class Order { second, third };
+
+template <Order order = Order::second>
+[[nodiscard, gnu::always_inline]] inline Isotherm<double> isotherm(const Element& cell,
+                                                                   const double temp) noexcept {
+  const double tau = temp - cell.temp0;
+  const auto columns = [&](const std::int32_t at) CO2_INLINE {
+    auto e = expand_two<PowersBy::ascending_rows>(&cell.coef[0][0], at, tau);
+    if constexpr (order == Order::second) e.third = e.second;  // not used, and so not summed
+    return e;
+  };
+  const auto firsts = [](const Lanes2& a, const Lanes2& b)
+                          CO2_INLINE { return __builtin_shufflevector(a, b, 0, 2); };
+  const auto seconds = [](const Lanes2& a, const Lanes2& b)
+                           CO2_INLINE { return __builtin_shufflevector(a, b, 1, 3); };
+  const Expansion<Lanes2> e = columns(0);
+  const Expansion<Lanes2> f = columns(2);
+  const Expansion<Lanes2> g = columns(4);
   return {cell.dens0,
-          {firsts(s.f[0], s.f_t[0]), seconds(s.f[0], s.f_t[0]), firsts(s.f[1], s.f_t[1]),
-           seconds(s.f[1], s.f_t[1]), firsts(s.f[2], s.f_t[2]), seconds(s.f[2], s.f_t[2])},
-          {h[0][0], h[0][1], h[1][0], h[1][1], h[2][0], h[2][1]}};
+          firsts(e.value, e.first),
+          seconds(e.value, e.first),
+          firsts(f.value, f.first),
+          seconds(f.value, f.first),
+          firsts(g.value, g.first),
+          seconds(g.value, g.first),
+          firsts(e.second, e.third),
+          seconds(e.second, e.third),
+          firsts(f.second, f.third),
+          seconds(f.second, f.third),
+          firsts(g.second, g.third),
+          seconds(g.second, g.third)};
 }
+
+/// The same for one state or for lanes; lanes sum third derivatives in any case, where they are
+/// used.
+template <class V, Order order>
+[[nodiscard, gnu::always_inline]] inline Isotherm<V> isotherm(const Cells<V>& cells,
+                                                              const V& temp) noexcept {
+  if constexpr (lane_count<V> == 1) {
+    return isotherm<order>(*cells[0], temp);
+  } else {
+    Rows<V> origins;
+    Rows<V> matrices;
+    for_each_lane<V>([&](const int k) CO2_INLINE {
+      origins[k] = &cells[k]->dens0;
+      matrices[k] = &cells[k]->coef[0][0];
+    });
+    const Two<V> origin = load_two<V>(origins);  // density, temperature
+    alignas(V) double tau[lane_count<V>];
+    store(temp - origin.second, tau);
+    const Columns<V> c = expand_columns<PowersBy::ascending_rows>(matrices, tau);
+    const auto slopes = [](const Expansion<V>& e) CO2_INLINE { return couple(e.value, e.first); };
+    const auto bends = [](const Expansion<V>& e) CO2_INLINE { return couple(e.second, e.third); };
+    return {origin.first, slopes(c.c0), slopes(c.c1), slopes(c.c2), slopes(c.c3),
+            slopes(c.c4), slopes(c.c5), bends(c.c0),  bends(c.c1),  bends(c.c2),
+            bends(c.c3),  bends(c.c4),  bends(c.c5)};
+  }
+}
+
+/// Derivatives of the Helmholtz energy in the form of which properties are made: products with the
+/// density, where those in a_rho and so on would have to be divided by it again.
+template <class Real>
+struct Derivatives {
+  Real a;     ///< kJ/kg
+  Real a_t;   ///< a_T, kJ/(kg K)
+  Real a_tt;  ///< a_TT, kJ/(kg K2)
+  Real pv;    ///< rho a_rho = p / rho, kJ/kg
+  Real pv_t;  ///< rho a_Trho, its derivative in T, kJ/(kg K)
+  Real dpdd;  ///< (dp/drho) at constant T, kPa m3/kg
+};
+
+/// Derivatives that steps of third order use beside the others.
+template <class Real>
+struct ThirdDerivatives {
+  Real a_ttt;   ///< kJ/(kg K3)
+  Real pv_tt;   ///< rho a_TTrho, kJ/(kg K2)
+  Real dpdd_t;  ///< d2p/(dT drho), kPa m3/(kg K)
+  Real dpdd_d;  ///< d2p/drho2, kPa m6/kg2
+};
+
+template <class Real>
+struct Evaluation {
+  Derivatives<Real> d;
+  ThirdDerivatives<Real> third;  ///< valid on an isotherm of third order; else costs nothing
+};
 
 /// Helmholtz energy and derivatives on an isotherm; `log_dens` is ln `dens`.
-[[nodiscard, gnu::always_inline]] inline HelmholtzDerivatives evaluate(
-    const Isotherm& at, const double dens, const double log_dens) noexcept {
-  const double delta = dens - at.dens0;
-  const double f[dens_terms] = {at.f(0), at.f(1), at.f(2), at.f(3), at.f(4), at.f(5)};
-  const Pair sums = sum_density(at.k, both(delta), both(log_dens));
-  const Pair slopes = sum_slopes(at.k, both(delta));
-  const double inverse = 1.0 / dens;
-  HelmholtzDerivatives d;
-  d.a = sums[0];
-  d.a_t = sums[1];
-  d.a_tt = 2.0 * sum_density(at.half_f_tt, delta, log_dens);
-  // A quotient, rounded once: at low density this term is the whole pressure.
-  d.a_d = f[0] / dens + slopes[0];
-  d.a_td = at.k[0][1] * inverse + slopes[1];
-  d.a_dd = -f[0] * inverse * inverse + sum_curvatures(f, delta);
-  return d;
+template <class Real>
+[[nodiscard, gnu::always_inline]] inline Evaluation<Real> expand_density(
+    const Isotherm<Real>& at, const Real& dens, const Real& log_dens) noexcept {
+  const Real delta = dens - at.dens0;
+  const Couple<Real> x = both(delta);
+  // Polynomials of a and a_T ...
+  const Couple<Real> v3 = at.a5 * x + at.a4;
+  const Couple<Real> f3 = at.a5 * x + v3;
+  const Couple<Real> v2 = v3 * x + at.a3;
+  const Couple<Real> f2 = f3 * x + v2;
+  const Couple<Real> s2 = at.a5 * x + f3;
+  const Couple<Real> v1 = v2 * x + at.a2;
+  const Couple<Real> f1 = f2 * x + v1;
+  const Couple<Real> s1 = s2 * x + f2;
+  const Real t1 = one(at.a5) * delta + one(s2);
+  const Couple<Real> v0 = v1 * x + at.a1;
+  // ... and of half of a_TT and a sixth of a_TTT.
+  const Couple<Real> w3 = at.b5 * x + at.b4;
+  const Couple<Real> w2 = w3 * x + at.b3;
+  const Couple<Real> w1 = w2 * x + at.b2;
+  const Couple<Real> w0 = w1 * x + at.b1;
+  const Real g3 = one(at.b5) * delta + one(w3);
+  const Real g2 = g3 * delta + one(w2);
+  const Real g1 = g2 * delta + one(w1);
+
+  const Couple<Real> values = at.a0 * both(log_dens) + v0;
+  const Couple<Real> bends = at.b0 * both(log_dens) + w0;
+  const Couple<Real> pv = at.a0 + both(dens) * f1;
+  const Real curve = one(f1) + dens * (one(s1) + one(s1));
+  const Real half_pv_tt = one(at.b0) + dens * g1;
+  const Real half_dpdd_t = dens * (other(f1) + dens * other(s1));
+  const Real half_dpdd_d = one(f1) + dens * (4.0 * one(s1) + 3.0 * dens * t1);
+  return {{one(values), other(values), one(bends) + one(bends), one(pv), other(pv),
+           one(pv) + dens * curve},
+          {6.0 * other(bends), half_pv_tt + half_pv_tt, other(at.a0) + (half_dpdd_t + half_dpdd_t),
+           half_dpdd_d + half_dpdd_d}};
 }
 
-/// Evaluation of one element; `log_dens` is ln `dens`, which the caller may have at hand.
-[[nodiscard, gnu::always_inline]] inline HelmholtzDerivatives evaluate(
-    const Element& cell, const double temp, const double dens, const double log_dens) noexcept {
-  return evaluate(isotherm(cell, temp), dens, log_dens);
+template <class Real>
+[[nodiscard, gnu::always_inline]] inline Derivatives<Real> evaluate(const Isotherm<Real>& at,
+                                                                    const Real& dens,
+                                                                    const Real& log_dens) noexcept {
+  return expand_density(at, dens, log_dens).d;
+}
+
+/// Evaluation of one element at any numbers.
+[[nodiscard, gnu::always_inline]] inline Derivatives<double> evaluate(const Element& cell,
+                                                                      const double temp,
+                                                                      const double dens) noexcept {
+  return evaluate(isotherm(cell, temp), dens, logarithm(dens));
+}
+
+/// Evaluation for one state or for lanes; densities are normal numbers.
+template <class V>
+[[nodiscard, gnu::always_inline]] inline Derivatives<V> evaluate(const Cells<V>& cells,
+                                                                 const V& temp,
+                                                                 const V& dens) noexcept {
+  return evaluate(isotherm<V, Order::second>(cells, temp), dens, logarithm_of_normal<V>(dens));
+}
+
+/// The plain derivatives.
+[[nodiscard]] constexpr HelmholtzDerivatives plain(const Derivatives<double>& d,
+                                                   const double dens) noexcept {
+  return {d.a, d.a_t, d.pv / dens, d.a_tt, (d.dpdd - 2.0 * d.pv) / (dens * dens), d.pv_t / dens};
 }
 
 /// Helmholtz energy and derivatives of element `e` at one state.

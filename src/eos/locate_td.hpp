@@ -3,18 +3,7 @@
 
 #include <cstdint>
 
-#include "cells/cell_map.hpp"
-
 namespace co2_properties {
-
-// x is temperature, K, y density, kg/m3; a cell value is a 1-based element index. Intervals that no
-// element of the region covers hold the element that the clamping rules below lead to. The density
-// of the critical isochore is compared one unit in the last place above the edge stored in the
-// elements, so that a state exactly on the stored edge belongs to the element below it.
-// Written by `tablegen elements`.
-extern const CellMap vapour_map;
-extern const CellMap liquid_map;
-extern const CellMap supercritical_map;
 
 /// Element of a vapour state below the critical temperature.
 /// \param temp  temperature, K; meant for 240 to 304.1282

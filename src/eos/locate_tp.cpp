@@ -2,23 +2,20 @@
 
 #include "eos/locate_tp.hpp"
 
+#include "eos/pressure_locator.hpp"
+
 namespace co2_properties {
+
 std::int32_t vap_index_from_tp(const double& temp, const double& pres) noexcept {
-  return vapour_tp_map.find_element(temp, pres, [&](const IsochoreCurve& curve) noexcept {
-    return temp > curve.temp_start && !(pres < evaluate_curve(curve, temp));
-  });
+  return pressure_locator.find(Region::vapour, temp, pres);
 }
 
 std::int32_t liq_index_from_tp(const double& temp, const double& pres) noexcept {
-  return liquid_tp_map.find_element(temp, pres, [&](const IsochoreCurve& curve) noexcept {
-    return temp < curve.temp_start || !(pres < evaluate_curve(curve, temp));
-  });
+  return pressure_locator.find(Region::liquid, temp, pres);
 }
 
 std::int32_t sc_index_from_tp(const double& temp, const double& pres) noexcept {
-  return supercritical_tp_map.find_element(temp, pres, [&](const IsochoreCurve& curve) noexcept {
-    return !(pres < evaluate_curve(curve, temp));
-  });
+  return pressure_locator.find(Region::supercritical, temp, pres);
 }
 
 }  // namespace co2_properties

@@ -1,47 +1,68 @@
 #pragma once
-// Properties as types, for algorithms that are told which one they work with. Each has
-//   value, by_dens, by_temp  the property and its derivatives in density, kg/m3, and temperature, K
-// from the derivatives of the Helmholtz energy, of one state or of several in lanes.
+// Properties as types, for algorithms that are told which ones they work with, for one state or for
+// several in lanes.
 
+#include "eos/helmholtz.hpp"
 #include "eos/properties.hpp"
 
 namespace co2_properties {
 
+/// A property c(T, rho) with its derivatives in temperature, K (t), and in relative changes of
+/// density (u: rho dc/drho, uu: rho^2 d2c/drho2). Those of second order are valid where the
+/// evaluation has third derivatives; what is not used costs nothing.
+template <class V>
+struct PropertyExpansion {
+  V value;
+  V t, u;
+  V tt, tu, uu;
+};
+
+/// Pressure, kPa.
+struct Pressure {
+  template <class V>
+  [[nodiscard, gnu::always_inline]] static PropertyExpansion<V> expand(const Evaluation<V>& e,
+                                                                       const V& /*temp*/,
+                                                                       const V& dens) noexcept {
+    return {pressure(e.d, dens),  dens * e.d.pv_t,       dens * e.d.dpdd,
+            dens * e.third.pv_tt, dens * e.third.dpdd_t, dens * dens * e.third.dpdd_d};
+  }
+};
+
 /// Specific enthalpy, kJ/kg.
 struct Enthalpy {
-  template <class Derivatives, class Real>
-  [[gnu::always_inline]] static Real value(const Derivatives& d, const Real& temp,
-                                           const Real& dens) noexcept {
-    return enthalpy(d, temp, dens);
+  template <class V>
+  [[nodiscard, gnu::always_inline]] static V value(const Derivatives<V>& d,
+                                                   const V& temp) noexcept {
+    return enthalpy(d, temp);
   }
-  template <class Derivatives, class Real>
-  [[gnu::always_inline]] static Real by_dens(const Derivatives& d, const Real& temp,
-                                             const Real& dens) noexcept {
-    return dhdd(d, temp, dens);
-  }
-  template <class Derivatives, class Real>
-  [[gnu::always_inline]] static Real by_temp(const Derivatives& d, const Real& temp,
-                                             const Real& dens) noexcept {
-    return dhdt(d, temp, dens);
+  template <class V>
+  [[nodiscard, gnu::always_inline]] static PropertyExpansion<V> expand(const Evaluation<V>& e,
+                                                                       const V& temp,
+                                                                       const V& dens) noexcept {
+    const V pv_tu = e.third.dpdd_t - e.d.pv_t;
+    return {value(e.d, temp),
+            dhdt(e.d, temp),
+            e.d.dpdd - temp * e.d.pv_t,
+            e.third.pv_tt - (e.d.a_tt + temp * e.third.a_ttt),
+            pv_tu - temp * e.third.pv_tt,
+            (dens * e.third.dpdd_d - e.d.dpdd) - temp * (pv_tu - e.d.pv_t)};
   }
 };
 
 /// Specific entropy, kJ/(kg K).
 struct Entropy {
-  template <class Derivatives, class Real>
-  [[gnu::always_inline]] static Real value(const Derivatives& d, const Real& /*temp*/,
-                                           const Real& /*dens*/) noexcept {
+  template <class V>
+  [[nodiscard, gnu::always_inline]] static V value(const Derivatives<V>& d,
+                                                   const V& /*temp*/) noexcept {
     return entropy(d);
   }
-  template <class Derivatives, class Real>
-  [[gnu::always_inline]] static Real by_dens(const Derivatives& d, const Real& /*temp*/,
-                                             const Real& /*dens*/) noexcept {
-    return dsdd(d);
-  }
-  template <class Derivatives, class Real>
-  [[gnu::always_inline]] static Real by_temp(const Derivatives& d, const Real& /*temp*/,
-                                             const Real& /*dens*/) noexcept {
-    return dsdt(d);
+  template <class V>
+  [[nodiscard, gnu::always_inline]] static PropertyExpansion<V> expand(const Evaluation<V>& e,
+                                                                       const V& temp,
+                                                                       const V& /*dens*/) noexcept {
+    const V pv_tu = e.third.dpdd_t - e.d.pv_t;
+    return {value(e.d, temp), -e.d.a_tt,      -e.d.pv_t,
+            -e.third.a_ttt,   -e.third.pv_tt, e.d.pv_t - pv_tu};
   }
 };
 

@@ -7,7 +7,7 @@
 namespace co2_properties {
 
 void calculate_cond(const double& dens, const double& temp, double& cond) noexcept {
-  cond = evaluate_fit(conductivity_fit, temp, dens);
+  cond = evaluate_fit_at(conductivity_fit, temp, dens);
 }
 
 }  // namespace co2_properties

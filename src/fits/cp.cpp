@@ -7,7 +7,7 @@
 namespace co2_properties {
 
 void calculate_cp(const double& dens, const double& temp, double& cp) noexcept {
-  cp = evaluate_fit(cp_fit, temp, dens);
+  cp = evaluate_fit_at(cp_fit, temp, dens);
 }
 
 }  // namespace co2_properties

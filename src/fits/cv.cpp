@@ -7,7 +7,7 @@
 namespace co2_properties {
 
 void calculate_cv(const double& dens, const double& temp, double& cv) noexcept {
-  cv = evaluate_fit(cv_fit, temp, dens);
+  cv = evaluate_fit_at(cv_fit, temp, dens);
 }
 
 }  // namespace co2_properties

@@ -1,7 +1,7 @@
 #pragma once
 // Where the fits of heat capacities and speed of sound around the critical point serve.
 
-#include "numbers/platform.hpp"
+#include "numbers/lanes.hpp"
 
 namespace co2_properties {
 
@@ -10,13 +10,16 @@ struct CriticalBox {
   double temp_lo, temp_hi;
   double dens_lo, dens_hi;
 
-  /// False for NaN. Inlined even without optimization: files for wider vectors use it too, and
-  /// leave no copy of their own behind.
-  template <class Real>
-  [[nodiscard, gnu::always_inline]] constexpr bool contains(const Real temp,
-                                                            const Real dens) const noexcept {
-    // Temperature first: it is what makes most states fail.
-    return temp < temp_hi && temp > temp_lo && dens < dens_hi && dens > dens_lo;
+  /// False for NaN. For one state or for several in lanes.
+  template <class V>
+  [[nodiscard, gnu::always_inline]] constexpr Mask<V> contains(const V& temp,
+                                                               const V& dens) const noexcept {
+    // For one state as branches, temperature first: it is what makes most states fail.
+    if constexpr (lane_count<V> == 1) {
+      return temp < temp_hi && temp > temp_lo && dens < dens_hi && dens > dens_lo;
+    } else {
+      return (temp < temp_hi) & (temp > temp_lo) & (dens < dens_hi) & (dens > dens_lo);
+    }
   }
 };
 

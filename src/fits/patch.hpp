@@ -3,12 +3,12 @@
 
 #include <cstdint>
 
-#include "cells/cell_map.hpp"
-#include "cells/pair.hpp"
+#include "cells/axis.hpp"
+#include "numbers/polynomial.hpp"
 
 namespace co2_properties {
 
-inline constexpr std::int32_t patch_terms = 6;
+inline constexpr std::int32_t patch_terms = sextet;
 
 /// One cell of a property fit,
 ///   P(T, rho) = sum_{i,j=0..5} a(i, j) (T - temp0)^i (rho - dens0)^j.
@@ -22,43 +22,70 @@ struct alignas(16) Patch {
 };
 static_assert(sizeof(Patch) == 38 * sizeof(double), "a record is its numbers without padding");
 
-/// A derived-property fit: the tiling (x temperature, y density) and its patches. Cell values count
-/// the patches from 0.
+/// x temperature, y density; cells count the patches from 0
+using PatchMap = CellMap<1536, Axis<320, 4>, Axis<128, 3>>;
+
+/// A derived-property fit.
 struct PatchFit {
-  CellMap map;
+  const PatchMap* map;
   const Patch* patches;
 };
 
 /// Value of a patch at one state: nested multiplication in T for each power of rho, two of them at
 /// a time, then in rho.
-[[nodiscard]] inline double evaluate_patch(const Patch& patch, const double temp,
-                                           const double dens) noexcept {
-  const Pair dt = both(temp - patch.temp0);
-  const double dr = dens - patch.dens0;
-  const auto& a = pairs_of(patch.coef);
-  double c[patch_terms];
-#if defined(__GNUC__) && !defined(__clang__)
-#pragma GCC unroll 3
-#endif
-  for (std::int32_t j = 0; j < patch_terms / 2; ++j) {
-    const Pair sums =
-        ((((a[0][j] * dt + a[1][j]) * dt + a[2][j]) * dt + a[3][j]) * dt + a[4][j]) * dt + a[5][j];
-    c[2 * j] = sums[0];
-    c[2 * j + 1] = sums[1];
+[[nodiscard, gnu::always_inline]] inline double evaluate_patch(const Patch& patch,
+                                                               const double temp,
+                                                               const double dens) noexcept {
+  const auto columns = [&](const std::int32_t at) CO2_INLINE {
+    return expand_two<PowersBy::descending_rows>(&patch.coef[0][0], at, temp - patch.temp0).value;
+  };
+  const Lanes2 a = columns(0);
+  const Lanes2 b = columns(2);
+  const Lanes2 c = columns(4);
+  const double x = dens - patch.dens0;
+  return ((((c[1] * x + c[0]) * x + b[1]) * x + b[0]) * x + a[1]) * x + a[0];
+}
+
+/// Value of a fit at one state.
+[[nodiscard]] double evaluate_fit_at(const PatchFit& fit, double temp, double dens) noexcept;
+
+/// The same for one state or for several.
+template <class V>
+[[nodiscard, gnu::always_inline]] inline V evaluate_fit(const PatchFit& fit, const V& temp,
+                                                        const V& dens) noexcept {
+  if constexpr (std::is_same_v<V, double>) {
+    return evaluate_fit_at(fit, temp, dens);
+  } else {
+    std::int32_t index[lane_count<V>];
+    fit.map->find(temp, dens, index);
+    Rows<V> origins;
+    Rows<V> matrices;
+    for_each_lane<V>([&](const int k) CO2_INLINE {
+      const Patch& patch = fit.patches[index[k]];
+      origins[k] = &patch.temp0;
+      matrices[k] = &patch.coef[0][0];
+    });
+    const Two<V> origin = load_two<V>(origins);  // temperature, density
+    alignas(V) double offset[lane_count<V>];
+    store<V>(temp - origin.first, offset);
+    const Columns<V> c = expand_columns<PowersBy::descending_rows>(matrices, offset);
+    const V x = dens - origin.second;
+    return ((((c.c5.value * x + c.c4.value) * x + c.c3.value) * x + c.c2.value) * x + c.c1.value) *
+               x +
+           c.c0.value;
   }
-  return ((((c[5] * dr + c[4]) * dr + c[3]) * dr + c[2]) * dr + c[1]) * dr + c[0];
 }
 
-[[nodiscard]] inline double evaluate_fit(const PatchFit& fit, const double temp,
-                                         const double dens) noexcept {
-  return evaluate_patch(fit.patches[find_cell(fit.map, temp, dens)], temp, dens);
-}
-
-// The five fits. Written by `tablegen viscosity` and its four sisters.
+// The five fits and their tilings. Written by `tablegen viscosity` and its four sisters.
 extern const PatchFit viscosity_fit;
+extern const Tiling viscosity_tiling;
 extern const PatchFit conductivity_fit;
+extern const Tiling conductivity_tiling;
 extern const PatchFit cp_fit;
+extern const Tiling cp_tiling;
 extern const PatchFit cv_fit;
+extern const Tiling cv_tiling;
 extern const PatchFit sound_speed_fit;
+extern const Tiling sound_speed_tiling;
 
 }  // namespace co2_properties

@@ -7,7 +7,7 @@
 namespace co2_properties {
 
 void calculate_ssnd(const double& dens, const double& temp, double& ssnd) noexcept {
-  ssnd = evaluate_fit(sound_speed_fit, temp, dens);
+  ssnd = evaluate_fit_at(sound_speed_fit, temp, dens);
 }
 
 }  // namespace co2_properties

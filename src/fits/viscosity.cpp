@@ -7,7 +7,7 @@
 namespace co2_properties {
 
 void calculate_visc(const double& dens, const double& temp, double& visc) noexcept {
-  visc = evaluate_fit(viscosity_fit, temp, dens);
+  visc = evaluate_fit_at(viscosity_fit, temp, dens);
 }
 
 }  // namespace co2_properties

@@ -20,6 +20,7 @@
 
 #include <cstdint>
 #include <type_traits>
+#include <utility>
 
 #if defined(__AVX__) && !defined(CO2_TARGET_AVX)
 #define CO2_TARGET_AVX
@@ -28,6 +29,12 @@
 #if defined(__GNUC__)
 // No vector is passed to another file.
 #pragma GCC diagnostic ignored "-Wpsabi"
+#if defined(__clang__)
+#if __has_warning("-Wbitwise-instead-of-logical")
+// Masks of single states are bool.
+#pragma clang diagnostic ignored "-Wbitwise-instead-of-logical"
+#endif
+#endif
 
 namespace co2_properties {
 
@@ -70,11 +77,13 @@ struct BitsOf<Lanes8> {
   using type = Bits8;
 };
 
+using Singles4 = float __attribute__((vector_size(16), aligned(4), may_alias));
+
 /// Readable and writable at any address of doubles.
 template <class V>
 struct Unaligned {
-  typedef V type
-      __attribute__((aligned(alignof(double)), may_alias));  // NOLINT(modernize-use-using)
+  // NOLINTNEXTLINE(modernize-use-using): an alias would lose the attributes
+  typedef V type __attribute__((aligned(alignof(double)), may_alias));
 };
 
 }  // namespace lanes_detail
@@ -83,10 +92,17 @@ struct Unaligned {
 template <class V>
 using Bits = typename lanes_detail::BitsOf<V>::type;
 
+/// work(0), work(1), ... for each lane, without a loop.
+template <class V, class Work>
+[[gnu::always_inline]] inline void for_each_lane(const Work& work) noexcept {
+  [&]<int... k>(std::integer_sequence<int, k...>) CO2_INLINE { (work(k), ...); }
+  (std::make_integer_sequence<int, lane_count<V>>{});
+}
+
 // ---- Between lanes and numbers -----------------------------------------------------------------
 
 template <class V>
-[[nodiscard, gnu::always_inline]] inline V broadcast(const double x) noexcept {
+[[nodiscard, gnu::always_inline]] constexpr V broadcast(const double x) noexcept {
   if constexpr (lane_count<V> == 1) return x;
   if constexpr (lane_count<V> == 2) return V{x, x};
   if constexpr (lane_count<V> == 4) return V{x, x, x, x};
@@ -135,24 +151,34 @@ template <class V>
   return mask ? a : b;
 }
 
+/// The mask that is set where the other is not.
+template <class M>
+[[nodiscard, gnu::always_inline]] inline auto opposite(const M& mask) noexcept {
+  if constexpr (std::is_arithmetic_v<M>) {  // what & and | make of bool is int
+    return !mask;
+  } else {
+    return ~mask;
+  }
+}
+
 /// Whether a lane of the mask is set.
 template <class M>
 [[nodiscard, gnu::always_inline]] inline bool any(const M& mask) noexcept {
-  if constexpr (std::is_same_v<M, bool>) {
-    return mask;
+  if constexpr (std::is_arithmetic_v<M>) {
+    return mask != 0;
   } else if constexpr (lane_count<M> == 8) {
     return any(__builtin_shufflevector(mask, mask, 0, 1, 2, 3) |
                __builtin_shufflevector(mask, mask, 4, 5, 6, 7));
   } else if constexpr (lane_count<M> == 4) {
 #if defined(CO2_TARGET_AVX)
-    return __builtin_ia32_movmskpd256(reinterpret_cast<const Lanes4&>(mask)) != 0;
+    return __builtin_ia32_movmskpd256(__builtin_bit_cast(Lanes4, mask)) != 0;
 #else
     return any(__builtin_shufflevector(mask, mask, 0, 1) |
                __builtin_shufflevector(mask, mask, 2, 3));
 #endif
   } else {
 #if defined(__SSE2__)
-    return __builtin_ia32_movmskpd(reinterpret_cast<const Lanes2&>(mask)) != 0;
+    return __builtin_ia32_movmskpd(__builtin_bit_cast(Lanes2, mask)) != 0;
 #else
     return (mask[0] | mask[1]) != 0;
 #endif
@@ -162,8 +188,8 @@ template <class M>
 /// Whether all lanes of the mask are set.
 template <class M>
 [[nodiscard, gnu::always_inline]] inline bool all(const M& mask) noexcept {
-  if constexpr (std::is_same_v<M, bool>) {
-    return mask;
+  if constexpr (std::is_arithmetic_v<M>) {
+    return mask != 0;
   } else {
     return !any(~mask);
   }
@@ -205,7 +231,24 @@ template <class V>
   }
 }
 
+/// Whether numbers lie between two positive ones, or are one of them. False for NaN.
+template <class V>
+[[nodiscard, gnu::always_inline]] inline Mask<V> is_within(const V& x, const double lo,
+                                                           const double hi) noexcept {
+  if constexpr (lane_count<V> == 1) {
+    // Bits of positive numbers are in their order, and others come out above all of them.
+    return bits_of(x) - bits_of(lo) <= bits_of(hi) - bits_of(lo);
+  } else {
+    return (x >= lo) & (x <= hi);
+  }
+}
+
 // ---- Rows of tables ----------------------------------------------------------------------------
+
+[[nodiscard, gnu::always_inline]] inline Lanes8 joined(const Lanes4& low,
+                                                       const Lanes4& high) noexcept {
+  return __builtin_shufflevector(low, high, 0, 1, 2, 3, 4, 5, 6, 7);
+}
 
 template <class V>
 struct Two {
@@ -217,39 +260,85 @@ struct Four {
   V first, second, third, fourth;
 };
 
-/// One row of numbers per lane.
+/// One row of numbers per lane, in double or, to save room, in single precision.
+template <class V, class Number = double>
+using Rows = const Number * [lane_count<V>];
+
+/// Numbers of a row.
 template <class V>
-using Rows = const double * [lane_count<V>];
+[[nodiscard, gnu::always_inline]] inline V load_row(const double* const from) noexcept {
+  return load<V>(from);
+}
+template <class V>
+[[nodiscard, gnu::always_inline]] inline V load_row(const float* const from) noexcept {
+  if constexpr (lane_count<V> == 2) {
+    return V{from[0], from[1]};
+  } else {
+    static_assert(lane_count<V> == 4);
+    return __builtin_convertvector(*reinterpret_cast<const lanes_detail::Singles4*>(from), V);
+  }
+}
 
 /// The numbers `from` and `from + 1` of each row.
-template <class V>
-[[nodiscard, gnu::always_inline]] inline Two<V> load_two(const Rows<V>& rows,
+template <class V, class Number>
+[[nodiscard, gnu::always_inline]] inline Two<V> load_two(const Number* const (&rows)[lane_count<V>],
                                                          const int from = 0) noexcept {
   if constexpr (lane_count<V> == 1) {
     return {rows[0][from], rows[0][from + 1]};
   } else if constexpr (lane_count<V> == 2) {
-    const V even = load<V>(rows[0] + from);
-    const V odd = load<V>(rows[1] + from);
+    const V even = load_row<V>(rows[0] + from);
+    const V odd = load_row<V>(rows[1] + from);
     return {__builtin_shufflevector(even, odd, 0, 2), __builtin_shufflevector(even, odd, 1, 3)};
   } else if constexpr (lane_count<V> == 4) {
-    const V even = __builtin_shufflevector(load<Lanes2>(rows[0] + from),
-                                           load<Lanes2>(rows[2] + from), 0, 1, 2, 3);
-    const V odd = __builtin_shufflevector(load<Lanes2>(rows[1] + from),
-                                          load<Lanes2>(rows[3] + from), 0, 1, 2, 3);
+    const V even = __builtin_shufflevector(load_row<Lanes2>(rows[0] + from),
+                                           load_row<Lanes2>(rows[2] + from), 0, 1, 2, 3);
+    const V odd = __builtin_shufflevector(load_row<Lanes2>(rows[1] + from),
+                                          load_row<Lanes2>(rows[3] + from), 0, 1, 2, 3);
     return {__builtin_shufflevector(even, odd, 0, 4, 2, 6),
             __builtin_shufflevector(even, odd, 1, 5, 3, 7)};
   } else {
-    const Two<Lanes4> low = load_two<Lanes4>({rows[0], rows[1], rows[2], rows[3]}, from);
-    const Two<Lanes4> high = load_two<Lanes4>({rows[4], rows[5], rows[6], rows[7]}, from);
+    const Two<Lanes4> low =
+        load_two<Lanes4>(Rows<Lanes4, Number>{rows[0], rows[1], rows[2], rows[3]}, from);
+    const Two<Lanes4> high =
+        load_two<Lanes4>(Rows<Lanes4, Number>{rows[4], rows[5], rows[6], rows[7]}, from);
     return {__builtin_shufflevector(low.first, high.first, 0, 1, 2, 3, 4, 5, 6, 7),
             __builtin_shufflevector(low.second, high.second, 0, 1, 2, 3, 4, 5, 6, 7)};
   }
 }
 
+/// Four numbers per lane, row(k) of lane k, to four vectors.
+template <class V, class Row>
+[[nodiscard, gnu::always_inline]] inline Four<V> transposed(const Row& row) noexcept {
+  if constexpr (lane_count<V> == 4) {
+    const Lanes4 a = row(0);
+    const Lanes4 b = row(1);
+    const Lanes4 c = row(2);
+    const Lanes4 d = row(3);
+    const Lanes4 ab0 = __builtin_shufflevector(a, b, 0, 4, 2, 6);
+    const Lanes4 ab1 = __builtin_shufflevector(a, b, 1, 5, 3, 7);
+    const Lanes4 cd0 = __builtin_shufflevector(c, d, 0, 4, 2, 6);
+    const Lanes4 cd1 = __builtin_shufflevector(c, d, 1, 5, 3, 7);
+    return {__builtin_shufflevector(ab0, cd0, 0, 1, 4, 5),
+            __builtin_shufflevector(ab1, cd1, 0, 1, 4, 5),
+            __builtin_shufflevector(ab0, cd0, 2, 3, 6, 7),
+            __builtin_shufflevector(ab1, cd1, 2, 3, 6, 7)};
+  } else {
+    static_assert(lane_count<V> == 8);
+    const Four<Lanes4> low = transposed<Lanes4>(row);
+    const Four<Lanes4> high =
+        transposed<Lanes4>([&](const int k) CO2_INLINE { return row(k + 4); });
+    return {joined(low.first, high.first), joined(low.second, high.second),
+            joined(low.third, high.third), joined(low.fourth, high.fourth)};
+  }
+}
+
 /// The numbers `from` to `from + 3` of each row.
-template <class V>
-[[nodiscard, gnu::always_inline]] inline Four<V> load_four(const Rows<V>& rows,
-                                                           const int from = 0) noexcept {
+template <class V, class Number>
+[[nodiscard, gnu::always_inline]] inline Four<V> load_four(
+    const Number* const (&rows)[lane_count<V>], const int from = 0) noexcept {
+  if constexpr (std::is_same_v<Number, float> && lane_count<V> >= 4) {
+    return transposed<V>([&](const int k) CO2_INLINE { return load_row<Lanes4>(rows[k] + from); });
+  }
   const Two<V> front = load_two<V>(rows, from);
   const Two<V> back = load_two<V>(rows, from + 2);
   return {front.first, front.second, back.first, back.second};
@@ -259,13 +348,7 @@ template <class V>
 template <class V, int columns>
 [[gnu::always_inline]] inline void find_rows(const double (*const table)[columns],
                                              const Bits<V>& index, Rows<V>& rows) noexcept {
-  rows[0] = table[lane(index, 0)];
-  if constexpr (lane_count < V >> 1) rows[1] = table[index[1]];
-  if constexpr (lane_count < V >> 2) rows[2] = table[index[2]], rows[3] = table[index[3]];
-  if constexpr (lane_count < V >> 4) {
-    rows[4] = table[index[4]], rows[5] = table[index[5]];
-    rows[6] = table[index[6]], rows[7] = table[index[7]];
-  }
+  for_each_lane<V>([&](const int k) CO2_INLINE { rows[k] = table[lane(index, k)]; });
 }
 
 }  // namespace co2_properties

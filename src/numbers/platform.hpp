@@ -21,13 +21,23 @@ static_assert(std::numeric_limits<double>::is_iec559 && std::numeric_limits<doub
 // near the critical point it would move results visibly, and vectors away from single states.
 // Whatever the flags of the compiler, there are none; but clang's -ffp-contract=fast overrules it.
 // The vectorizer of g++ does not ask: where it finds differences and sums of products side by side,
-// it makes vfmaddsub (x86) or fcmla (ARM) of them. What should be a vector is one in the sources.
+// it makes vfmaddsub (x86) or fcmla (ARM) of them. It stays where the processor has none of these.
 #if defined(__clang__)
 #pragma clang fp contract(off)
+#elif defined(__SSE2__) && !defined(__FMA__) && !defined(__FMA4__) && !defined(__AVX512F__)
+#pragma GCC optimize("fp-contract=off")
 #elif defined(__GNUC__)
 #pragma GCC optimize("fp-contract=off", "no-tree-vectorize")
 #else
 #pragma STDC FP_CONTRACT OFF
+#endif
+
+// For lambdas, which take no other attribute where every compiler reads it: inlined even without
+// optimization.
+#if defined(__GNUC__)
+#define CO2_INLINE __attribute__((always_inline))
+#else
+#define CO2_INLINE
 #endif
 
 namespace co2_properties {

@@ -6,26 +6,22 @@
 #include <cstdint>
 #include <iterator>
 
-#include "cells/cell_map.hpp"
-#include "co2_properties/limits.hpp"
-#include "numbers/elementary.hpp"
-#include "numbers/lanes.hpp"
-#include "saturation/quintic.hpp"
+#include "cells/axis.hpp"
+#include "saturation/curves.hpp"
 
 namespace co2_properties {
 namespace {
 
-// Up to 301 K: quintics in t = T - temp0, on the same sixteen intervals for both phases.
+constexpr double quintic_edges[dens_quintic_count - 1] = {255.0, 265.0, 275.0, 280.0, 285.0,
+                                                          290.0, 293.0, 295.0, 296.0, 297.0,
+                                                          298.0, 299.0, 299.5, 300.0, 300.5};
 
-constexpr std::int32_t quintic_count = 16;
-constexpr double quintic_end = 301.0;  // K, inclusive
-constexpr double quintic_edges[quintic_count - 1] = {255.0, 265.0, 275.0, 280.0, 285.0,
-                                                     290.0, 293.0, 295.0, 296.0, 297.0,
-                                                     298.0, 299.0, 299.5, 300.0, 300.5};
-constexpr Axis quintic_axis(quintic_edges, quintic_count - 1);
+}  // namespace
+
+constexpr PieceAxis dens_quintic_axis(quintic_edges, dens_quintic_count - 1, 1);
 
 // Origins in K, coefficients in kg/m3 K^-k.
-constexpr Quintic liquid_quintics[quintic_count] = {
+constexpr Quintic liquid_quintics[dens_quintic_count] = {
     {240.0,
      {1088.869234090836, -4.121071246538901, -0.01526562904891705, -0.0001425047864296672,
       -1.494281140033184e-6, -2.37491423666862e-8}},
@@ -76,7 +72,7 @@ constexpr Quintic liquid_quintics[quintic_count] = {
       -0.05247304679110699, -0.007675291287739569}},
 };
 
-constexpr Quintic vapour_quintics[quintic_count] = {
+constexpr Quintic vapour_quintics[dens_quintic_count] = {
     {240.0,
      {33.29513442212512, 1.153853149437122, 0.01648263868793949, 0.0001483526844075207,
       1.094121762963171e-6, 2.785064763667068e-8}},
@@ -127,27 +123,6 @@ constexpr Quintic vapour_quintics[quintic_count] = {
       -0.06213455669615062, 0.1172369796452129}},
 };
 
-double evaluate_quintics(const Quintic (&quintics)[quintic_count], const double temp) noexcept {
-  return evaluate_quintic(quintics[interval(quintic_axis, temp)], temp);
-}
-
-// Above 301 K: depressed cubics for y = rho - dens_node - shift, whose constant term is linear in
-// T. The density is one of their roots, written down in closed form with the linear coefficient
-// `c` and the constant term `q`.
-
-struct Cubic {
-  double slope;  // q = slope * T - offset
-  double offset;
-  double c_cubed;    // discriminant q^2 - c^3; negative where a single real root is certain
-  double c;          // carries the sign of c_cubed
-  double shift;      // kg/m3
-  double root_c;     // 1 / sqrt(c^3); where the discriminant can change its sign
-  double amplitude;  // 2 sqrt(c); likewise
-  double dens_node;  // kg/m3
-};
-
-// Liquid cubic k serves temperatures up to liquid_cubic_ends[k], the last one all above.
-constexpr std::int32_t liquid_cubic_count = 6;
 constexpr double liquid_cubic_ends[liquid_cubic_count - 1] = {
     302.2341055306648, 303.1129293775182, 303.6795284857335, 303.9936195043181, 304.1143631777277};
 constexpr Cubic liquid_cubics[liquid_cubic_count] = {
@@ -165,11 +140,8 @@ constexpr Cubic liquid_cubics[liquid_cubic_count] = {
      0.1237636279910247, 4.013275603900107, 467.6000012817399},
 };
 
-// Vapour cubic k serves temperatures below vapour_cubic_ends[k]; an end belongs to the piece above.
-constexpr std::int32_t vapour_cubic_count = 5;
 constexpr double vapour_cubic_ends[vapour_cubic_count - 1] = {
     302.5164883654834, 303.43534193209916, 303.91610050434275, 304.10153012365777};
-constexpr Axis vapour_cubic_axis(vapour_cubic_ends, vapour_cubic_count - 1);
 constexpr Cubic vapour_cubics[vapour_cubic_count] = {
     {-823952.8849581947, -250703619.7869157, -18403887211.66774, -2640.198141486856,
      160.2864511480349, 0.0, 0.0, 286.148798474583},
@@ -182,6 +154,8 @@ constexpr Cubic vapour_cubics[vapour_cubic_count] = {
     {-853250.5438768299, -259497552.2508138, 0.03706877455563026, 0.3334285187057604,
      35.71280786517494, 5.193927527225227, 1.154865392512496, 431.3097607203085},
 };
+
+namespace {
 
 constexpr bool agree(const double left, const double right) noexcept {
   constexpr double tolerance = 1e-14;
@@ -200,36 +174,14 @@ constexpr bool relations_hold(const Cubic (&cubics)[count]) noexcept {
 }
 static_assert(relations_hold(liquid_cubics) && relations_hold(vapour_cubics));
 
-/// Root of y^3 - 3 c y + 2 q = 0: the only one or, of three, the largest.
-double solve_cubic(const Cubic& piece, const double temp) noexcept {
-  const double q = piece.slope * temp - piece.offset;
-  const double discriminant = q * q - piece.c_cubed;
-  double y;
-  if (q * q >= piece.c_cubed) {
-    const double s = cube_root(absolute(q) + root(discriminant));
-    const double sum = piece.c / s + s;
-    y = (q < 0.0 ? sum : -sum) + piece.shift;
-  } else {
-    y = piece.shift + piece.amplitude * cosine_of_third(-piece.root_c * q);
-  }
-  return y + piece.dens_node;
-}
-
 }  // namespace
 
 double calc_sat_liq_dens(const double& temp) noexcept {
-  if (temp <= quintic_end) return evaluate_quintics(liquid_quintics, temp);
-  if (temp == t_crit) return d_crit;
-  std::int32_t piece = 0;
-  for (const double end : liquid_cubic_ends) piece += static_cast<std::int32_t>(temp > end);
-  return solve_cubic(liquid_cubics[piece], temp);
+  return saturated_liquid_density<double>(temp);
 }
 
 double calc_sat_vap_dens(const double& temp) noexcept {
-  if (temp <= quintic_end) return evaluate_quintics(vapour_quintics, temp);
-  if (temp == t_crit) return d_crit;
-  const std::int32_t piece = interval(vapour_cubic_axis, temp);
-  return solve_cubic(vapour_cubics[piece], temp);
+  return saturated_vapour_density<double>(temp);
 }
 
 }  // namespace co2_properties

@@ -2,25 +2,24 @@
 
 #include "saturation/sat_pressure.hpp"
 
-#include <cstdint>
-
-#include "cells/cell_map.hpp"
-#include "eos/helmholtz.hpp"
-#include "eos/locate_td.hpp"
+#include "cells/axis.hpp"
 #include "eos/properties.hpp"
-#include "saturation/quintic.hpp"
-#include "saturation/sat_density.hpp"
+#include "saturation/curves.hpp"
+#include "saturation/tie_line.hpp"
 
 namespace co2_properties {
 namespace {
 
-// Quintics in p, origins in kPa, coefficients in K kPa^-k. The first one starts at the saturation
-// pressure of 240 K.
-constexpr std::int32_t piece_count = 8;
-constexpr double piece_edges[piece_count - 1] = {2000.0, 3000.0, 4000.0, 5000.0,
-                                                 6000.0, 6500.0, 7000.0};
-constexpr Axis piece_axis(piece_edges, piece_count - 1);
-constexpr Quintic pieces[piece_count] = {
+constexpr double quintic_edges[temp_quintic_count - 1] = {2000.0, 3000.0, 4000.0, 5000.0,
+                                                          6000.0, 6500.0, 7000.0};
+
+}  // namespace
+
+constexpr PieceAxis temp_quintic_axis(quintic_edges, temp_quintic_count - 1, 1);
+
+// Origins in kPa, coefficients in K kPa^-k. The first one starts at the saturation pressure of 240
+// K.
+constexpr Quintic temp_quintics[temp_quintic_count] = {
     {1282.483498444739,
      {240.000002896017, 0.02256621699355332, -6.469079887466315e-6, 2.83461705171135e-9,
       -1.195743177366561e-12, 2.94358564877655e-16}},
@@ -47,17 +46,12 @@ constexpr Quintic pieces[piece_count] = {
       1.332679464356267e-12, -2.130971649508581e-15}},
 };
 
-}  // namespace
-
-double calc_sat_temp(const double& pres) noexcept {
-  return evaluate_quintic(pieces[interval(piece_axis, pres)], pres);
-}
+double calc_sat_temp(const double& pres) noexcept { return saturation_temperature<double>(pres); }
 
 double calc_sat_pres(const double& temp) noexcept {
-  const double dens = calc_sat_vap_dens(temp);
-  // The pressure has no logarithm: the compiler drops ln rho and all derivatives but one.
-  const double log_dens = 0.0;
-  return pressure(evaluate(element(vap_index_from_td(temp, dens)), temp, dens, log_dens), dens);
+  // The compiler drops the logarithm and all derivatives but one.
+  const SaturatedPhase<double> vap = saturated_vapour(temp);
+  return pressure(vap.d, vap.dens);
 }
 
 }  // namespace co2_properties

@@ -3,14 +3,14 @@
 //
 // The templates take the property as a type, see eos/property_types.hpp.
 
-#include <cmath>
 #include <cstdint>
 
 #include "co2_properties/limits.hpp"
 #include "eos/element.hpp"
 #include "eos/helmholtz.hpp"
-#include "eos/properties.hpp"
+#include "eos/property_types.hpp"
 #include "solvers/relocate.hpp"
+#include "solvers/two_property_step.hpp"
 
 namespace co2_properties {
 
@@ -25,8 +25,11 @@ struct CaloricTarget {
 
 /// Share of the magnitude, but not less than the share of one unit: caloric properties have
 /// arbitrary zero points.
-[[nodiscard]] inline double at_least_of_unit(const double share, const double value) noexcept {
-  return share * std::abs(value) > share ? share * std::abs(value) : share;
+template <class V>
+[[nodiscard, gnu::always_inline]] inline V at_least_of_unit(const double share,
+                                                            const V& value) noexcept {
+  const V of_value = share * absolute(value);
+  return select<V>(of_value > share, of_value, broadcast<V>(share));
 }
 
 [[nodiscard]] inline CaloricTarget caloric_target(const double pres,
@@ -40,7 +43,7 @@ struct CaloricSolution {
   std::int32_t element;  ///< holds temp and dens, or nearly so
   double temp;
   double dens;
-  HelmholtzDerivatives d;   ///< at temp and dens
+  Derivatives<double> d;    ///< at temp and dens
   double pres_residual;     ///< of the last evaluation in the loop
   double caloric_residual;  ///< likewise
   std::int32_t evaluations;
@@ -49,25 +52,6 @@ struct CaloricSolution {
 
 /// The number of evaluations that ends an iteration which has not met its target.
 inline constexpr std::int32_t last_evaluation = 16;
-
-/// One Newton step, to be subtracted; for one state or for lanes. By Cramer's rule, which divides
-/// once: an elimination would divide three times in a row.
-template <class Real>
-struct CaloricStep {
-  Real temp, dens;
-};
-template <class Property, class Derivatives, class Real>
-[[nodiscard, gnu::always_inline]] inline CaloricStep<Real> caloric_step(
-    const Derivatives& d, const Real& temp, const Real& dens, const Real& pres_residual,
-    const Real& caloric_residual) noexcept {
-  const Real p_d = dpdd(d, dens);
-  const Real p_t = dpdt(d, dens);
-  const Real c_d = Property::by_dens(d, temp, dens);
-  const Real c_t = Property::by_temp(d, temp, dens);
-  const Real determinant = c_t * p_d - c_d * p_t;
-  return {(caloric_residual * p_d - pres_residual * c_d) / determinant,
-          (pres_residual * c_t - caloric_residual * p_t) / determinant};
-}
 
 /// Newton's method in temperature and density on the elements.
 /// \param first       element to start with
@@ -81,31 +65,37 @@ template <class Property>
 [[nodiscard]] CaloricSolution solve_caloric(const CaloricTarget& target, const std::int32_t first,
                                             const double temp, const double dens) noexcept {
   CaloricSolution s{first, temp, dens, {}, 0.0, 0.0, 1};
-  const auto evaluate_here = [&s] {
-    s.served = serves(element(s.element), s.temp, s.dens);
+  const auto served = [&s] {
+    return Rectangles<double>::of({&element(s.element)}).serve(s.temp, s.dens);
+  };
+  const auto evaluate_here = [&] {
+    s.served = served();
     if (!s.served) {
       if (!is_promising(s.temp, s.dens)) {
         s.evaluations = last_evaluation;
         return false;
       }
       s.element = relocate(s.temp, s.dens);
-      s.served = serves(element(s.element), s.temp, s.dens);
+      s.served = served();
     }
-    s.d = evaluate(element(s.element), s.temp, s.dens, std::log(s.dens));
+    s.d = evaluate(element(s.element), s.temp, s.dens);
     return true;
   };
   while (evaluate_here()) {
     if (s.evaluations == last_evaluation) break;
-    s.pres_residual = pressure(s.d, s.dens) - target.pres;
-    s.caloric_residual = Property::value(s.d, s.temp, s.dens) - target.caloric;
-    if (std::abs(s.pres_residual) < target.pres_tolerance &&
-        std::abs(s.caloric_residual) < target.caloric_tolerance) {
+    const Evaluation<double> e = {s.d, {}};
+    const auto p = Pressure::expand(e, s.temp, s.dens);
+    const auto c = Property::expand(e, s.temp, s.dens);
+    s.pres_residual = p.value - target.pres;
+    s.caloric_residual = c.value - target.caloric;
+    if (absolute(s.pres_residual) < target.pres_tolerance &&
+        absolute(s.caloric_residual) < target.caloric_tolerance) {
       break;
     }
-    const auto step =
-        caloric_step<Property>(s.d, s.temp, s.dens, s.pres_residual, s.caloric_residual);
-    s.temp -= step.temp;
-    s.dens -= step.dens;
+    const Step<double> step =
+        TwoProperties<double>(p, c).newton_step(-s.pres_residual, -s.caloric_residual);
+    s.temp += step.temp;
+    s.dens += s.dens * step.dens;
     ++s.evaluations;
   }
   return s;
@@ -128,9 +118,9 @@ enum class Agreement {
 [[nodiscard]] inline Agreement judge_agreement(const CaloricSolution& s,
                                                const CaloricTarget& target) noexcept {
   if (s.evaluations < last_evaluation) return Agreement::close;
-  const double pres_error = std::abs(s.pres_residual);
-  const double caloric_error = std::abs(s.caloric_residual);
-  if (std::abs(s.temp - t_crit) <= critical_band) {
+  const double pres_error = absolute(s.pres_residual);
+  const double caloric_error = absolute(s.caloric_residual);
+  if (absolute(s.temp - t_crit) <= critical_band) {
     const auto within = [&](const double share) {
       return pres_error <= share * target.pres &&
              caloric_error <= at_least_of_unit(share, target.caloric);

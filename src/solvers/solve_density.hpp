@@ -4,38 +4,91 @@
 #include <cstdint>
 
 #include "eos/helmholtz.hpp"
+#include "eos/properties.hpp"
 
 namespace co2_properties {
 
-/// The pressure of one element along an isotherm, p = rho^2 g(rho - dens0) + b0 rho, for one state
-/// or for lanes.
-template <class Real>
+/// The pressure of one element along an isotherm, p = rho (f0 + rho g(rho - dens0)), g a cubic; for
+/// one state or for several in lanes.
+template <class V>
 struct PressureCurve {
-  Real dens0;
-  Real b0, g0, g1, g2, g3;
+  V dens0;
+  V f0, g0, g1, g2, g3;
 
-  /// \param f  factors of the density functions at the temperature
-  [[nodiscard, gnu::always_inline]] static PressureCurve from(
-      const Real& dens0, const Real (&f)[dens_terms]) noexcept {
-    return {dens0, f[0], f[2], 2.0 * f[3], 3.0 * f[4], 4.0 * f[5]};
+  [[nodiscard, gnu::always_inline]] static inline PressureCurve of(const Isotherm<V>& at) noexcept {
+    const V third = one(at.a3);
+    return {at.dens0, one(at.a0), one(at.a2), third + third, 3.0 * one(at.a4), 4.0 * one(at.a5)};
   }
-  [[nodiscard, gnu::always_inline]] Real pressure(const Real& dens) const noexcept {
-    return dens * dens * g(dens - dens0) + b0 * dens;
+
+  /// The pressure less a given one, and its slope.
+  struct Residual {
+    V value, slope;
+  };
+  [[nodiscard, gnu::always_inline]] inline Residual residual(const V& dens,
+                                                             const V& pres) const noexcept {
+    const V delta = dens - dens0;
+    const V v2 = g3 * delta + g2;
+    const V v1 = v2 * delta + g1;
+    const V g = v1 * delta + g0;
+    const V g_d = (g3 * delta + v2) * delta + v1;
+    return {dens * (f0 + dens * g) - pres, f0 + dens * ((g + g) + dens * g_d)};
   }
-  [[nodiscard, gnu::always_inline]] Real slope(const Real& dens) const noexcept {
-    const Real dr = dens - dens0;
-    const Real g_d = (3.0 * g3 * dr + 2.0 * g2) * dr + g1;
-    return (2.0 * g(dr) + dens * g_d) * dens + b0;
-  }
+
   /// One Newton step from the lower edge, where only three of the sums take part.
-  [[nodiscard, gnu::always_inline]] Real start(const Real& pres) const noexcept {
+  [[nodiscard, gnu::always_inline]] inline V start(const V& pres) const noexcept {
     return dens0 +
-           (pres - (g0 * dens0 + b0) * dens0) / (2.0 * g0 * dens0 + b0 + g1 * dens0 * dens0);
+           (pres - (g0 * dens0 + f0) * dens0) / (2.0 * g0 * dens0 + f0 + g1 * dens0 * dens0);
   }
-  [[nodiscard, gnu::always_inline]] Real g(const Real& dr) const noexcept {
-    return ((g3 * dr + g2) * dr + g1) * dr + g0;
+
+  /// One step of the reverted Taylor series of p to third powers,
+  /// x = s - A s^2 + (2 A^2 - B) s^3 with s = (pres - p) / p', A = p'' / (2 p') and B = p''' / (6
+  /// p').
+  [[nodiscard, gnu::always_inline]] inline V improved(const V& dens, const V& pres) const noexcept {
+    const V delta = dens - dens0;
+    const V v2 = g3 * delta + g2;
+    const V v1 = v2 * delta + g1;
+    const V g = v1 * delta + g0;
+    const V f2 = g3 * delta + v2;
+    const V slope = f2 * delta + v1;
+    const V bend = g3 * delta + f2;  // half of g''
+    const V inverse = 1.0 / (f0 + dens * ((g + g) + dens * slope));
+    const V s = (pres - dens * (f0 + dens * g)) * inverse;
+    const V a = (g + dens * ((slope + slope) + dens * bend)) * inverse;
+    const V b = (slope + dens * ((bend + bend) + dens * g3)) * inverse;
+    return dens + s * (1.0 - s * (a - s * ((a + a) * a - b)));
   }
 };
+
+// ---- Without a loop ----------------------------------------------------------------------------
+
+/// Density from two such steps, the first from the middle of the element. Nearly all states meet
+/// the pressure (`meets_pressure`); to be verified.
+/// \param width  of the element in density, kg/m3
+template <class V>
+[[nodiscard, gnu::always_inline]] inline V density_in_two_steps(const PressureCurve<V>& curve,
+                                                                const V& width,
+                                                                const V& pres) noexcept {
+  const V first = curve.improved(curve.dens0 + 0.5 * width, pres);
+  // A step that leads far out is lost, but shall not overflow.
+  const V low = curve.dens0 - width;
+  const V high = curve.dens0 + 2.0 * width;
+  const V above = select<V>(first > low, first, low);
+  return curve.improved(select<V>(above < high, above, high), pres);
+}
+
+/// Whether a state has a pressure, kPa, so closely that no iteration would improve it: 1e-12 of it
+/// and, where isotherms are flat, of the density too, as far as rounding lets it.
+template <class V>
+[[nodiscard, gnu::always_inline]] inline Mask<V> meets_pressure(const Derivatives<V>& d,
+                                                                const V& dens,
+                                                                const V& pres) noexcept {
+  constexpr double share = 1e-12;
+  constexpr double rounding = 2e-15;
+  const V miss = absolute(pressure(d, dens) - pres);
+  return (miss <= share * pres) & (miss <= share * (dens * d.dpdd) + rounding * pres);
+}
+
+// ---- With a loop -------------------------------------------------------------------------------
 
 /// How closely the iteration meets the pressure, relative, and the largest step, relative, with
 /// which it improves a density that meets it.
@@ -44,11 +97,11 @@ inline constexpr double largest_last_step = 1e-7;
 
 /// Where the iteration ended.
 struct DensitySolution {
-  std::int32_t element;      ///< holds `dens`, or nearly so
-  double dens;               ///< kg/m3
-  Isotherm isotherm;         ///< of the element
-  std::int32_t evaluations;  ///< of the pressure, counted from 1
-  bool converged;            ///< the pressure was met, and not later than in evaluation 14
+  std::int32_t element;       ///< holds `dens`, or nearly so
+  double dens;                ///< kg/m3
+  Isotherm<double> isotherm;  ///< of the element
+  std::int32_t evaluations;   ///< of the pressure, counted from 1
+  bool converged;             ///< the pressure was met, and not later than in evaluation 14
 };
 
 /// Newton's method on the isotherm of one element; iterates that leave it are followed.

@@ -70,11 +70,10 @@ std::string record(const std::size_t index, const ElementResult& result) {
   return text + "  }},\n";
 }
 
-std::string map_source(const std::vector<ElementCell>& cells, const Region region,
-                       const std::string& name) {
+std::string tiling_source(const std::vector<ElementCell>& cells, const Region region,
+                          const std::string& name) {
   return "\nnamespace {\n\n" + grid_arrays(name, element_grid(cells, region)) +
-         "\n}  // namespace\n\nconstexpr CellMap " + name +
-         "_map = " + grid_initialiser(name, element_grid(cells, region)) + ";\n";
+         "\n}  // namespace\n\n" + tiling_definition(name, element_grid(cells, region));
 }
 
 Generated generate() {
@@ -86,7 +85,7 @@ Generated generate() {
   provenance.table = "elements";
   provenance.content = {
       "649 elements of a(T, rho), kJ/kg, T in K, rho in kg/m3; record and functions:",
-      "src/eos/element.hpp. After them the maps that find an element: src/eos/locate_td.hpp."};
+      "src/eos/element.hpp. After them the look-up by T and rho: src/eos/element_locator.hpp."};
   provenance.fitted_to = "Span & Wagner, J. Phys. Chem. Ref. Data 25 (1996) 1509.";
   provenance.tiling = tiling_file;
   provenance.digest = text_digest({tiling, fit_version});
@@ -95,13 +94,16 @@ Generated generate() {
       "Each record names the worst error of density at given (T, p), of h and cp."};
 
   Generated g;
-  std::string text = "\n#include \"eos/element.hpp\"\n#include \"eos/locate_td.hpp\"\n\n";
+  std::string text = "\n#include \"eos/element.hpp\"\n#include \"eos/element_locator.hpp\"\n\n";
   text += "namespace co2_properties {\n\nconstexpr Element elements[element_count] = {\n";
   for (std::size_t k = 0; k < results.size(); ++k) text += record(k + 1, results[k]);
   text += "};\n";
-  text += map_source(cells, Region::vapour, "vapour");
-  text += map_source(cells, Region::liquid, "liquid");
-  text += map_source(cells, Region::supercritical, "supercritical");
+  text += tiling_source(cells, Region::vapour, "vapour");
+  text += tiling_source(cells, Region::liquid, "liquid");
+  text += tiling_source(cells, Region::supercritical, "supercritical");
+  text +=
+      "\nconstexpr ElementLocator element_locator(supercritical_tiling, vapour_tiling, "
+      "liquid_tiling);\n";
   text += "\n}  // namespace co2_properties\n";
   g.source = generated_source(provenance, text);
   g.report = report(results);

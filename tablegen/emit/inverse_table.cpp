@@ -58,8 +58,8 @@ InverseCell fit(const InverseTableDesign& design, const InverseTilingCell& cell)
   const auto served = served_states(design.caloric, cell.box, chebyshev_nodes(fit_nodes));
   InverseCell fitted = fit_inverse_cell(design.caloric, design.estimate, cell, served);
   if (cell.given) {
-    for (std::size_t k = 0; k < cell.given->size(); ++k) {
-      std::copy((*cell.given)[k].begin(), (*cell.given)[k].end(), fitted.coef[k]);
+    for (std::size_t m = 0; m < inverse_terms; ++m) {
+      for (std::size_t k = 0; k < inverse_terms; ++k) fitted.coef[m][k] = (*cell.given)[k][m];
     }
   }
   return fitted;
@@ -123,13 +123,14 @@ std::string record(const FittedTable& table, const std::size_t k) {
   std::string text = format("  // %zu: ", k + 1) + box_text(table.design, table.tiling[k].box) +
                      format(": %.1Le", errors.worst) + kind_text(errors.kind) +
                      (table.tiling[k].given ? ", given" : "") + "\n";
-  text += "  {" + decimal_literal(cell.pres0) + ", " + decimal_literal(cell.caloric0) + ", {\n";
+  text += "  {{\n";
   for (const auto& row : cell.coef) {
     std::string items;
     for (const double a : row) items += (items.empty() ? "" : ", ") + hex_literal(a);
     text += "    {" + items + "},\n";
   }
-  return text + "  }, " + std::to_string(cell.saturation_check) + "},\n";
+  return text + "  }, " + decimal_literal(cell.pres0) + ", " + decimal_literal(cell.caloric0) +
+         ", " + decimal_literal(cell.saturation_check) + ", 0.0},\n";
 }
 
 std::vector<std::string> content_lines(const FittedTable& table) {
@@ -149,10 +150,10 @@ std::string source_text(const FittedTable& table, const std::string& tiling) {
   const CellGrid grid = inverse_grid(table.tiling);
   std::string text =
       "\n#include \"solvers/inverse_cell.hpp\"\n\nnamespace co2_properties {\nnamespace {\n\n";
-  text += grid_arrays(name, grid) + "\nconstexpr InverseCell " + name + "_list[] = {\n";
+  text += grid_arrays(name, grid) + "\n}  // namespace\n\n" + tiling_definition(name, grid) +
+          "constexpr InverseCell " + name + "_records[] = {\n";
   for (std::size_t k = 0; k < table.cells.size(); ++k) text += record(table, k);
-  text += "};\n\n}  // namespace\n\nconstexpr InverseFit " + name + "_fit = {" +
-          grid_initialiser(name, grid) + ", " + name + "_list};\n\n";
+  text += "};\n\n";
   text += "}  // namespace co2_properties\n";
   return generated_source(
       {name, content_lines(table), "Span & Wagner, J. Phys. Chem. Ref. Data 25 (1996) 1509.",

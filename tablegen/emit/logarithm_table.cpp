@@ -12,9 +12,9 @@
 #include <vector>
 
 #include "numbers/logarithm.hpp"
+#include "reference/elementary.hpp"
 #include "tablegen/emit/number.hpp"
 #include "tablegen/emit/source.hpp"
-#include "reference/elementary.hpp"
 
 namespace co2_properties::tablegen {
 namespace {

@@ -108,8 +108,9 @@ std::string source_text(const PatchProperty& property, const PatchTable& table,
   std::string text = "\n#include \"fits/patch.hpp\"\n\nnamespace co2_properties {\nnamespace {\n\n";
   text += grid_arrays(name, grid) + "\nconstexpr Patch " + name + "_patches[] = {\n";
   for (std::size_t k = 0; k < table.patches.size(); ++k) text += record(table, k);
-  text += "};\n\n}  // namespace\n\nconstexpr PatchFit " + name + "_fit = {" +
-          grid_initialiser(name, grid) + ", " + name + "_patches};\n\n";
+  text += "};\n\n}  // namespace\n\n" + tiling_definition(name, grid) +
+          "static constexpr PatchMap " + name + "_map(" + name + "_tiling);\n" +
+          "constexpr PatchFit " + name + "_fit = {&" + name + "_map, " + name + "_patches};\n\n";
   text += "}  // namespace co2_properties\n";
   return generated_source(
       {name,

@@ -14,8 +14,7 @@ std::string axis_definition(const std::string& name, const std::vector<double>& 
 }
 
 std::string axis_initialiser(const std::string& name, const std::vector<double>& edges) {
-  if (edges.empty()) return "{nullptr, 0}";
-  return '{' + name + ", " + std::to_string(edges.size()) + '}';
+  return (edges.empty() ? "nullptr" : name) + ", " + std::to_string(edges.size()) + ", ";
 }
 
 /// The last line of the comment at the top.
@@ -82,11 +81,10 @@ std::string grid_arrays(const std::string& name, const CellGrid& grid) {
   return text + "};\n";
 }
 
-std::string grid_initialiser(const std::string& name, const CellGrid& grid) {
-  std::string text = "{";
-  text += axis_initialiser(name + "_x_edges", grid.x) + ", ";
-  text += axis_initialiser(name + "_y_edges", grid.y) + ", ";
-  return text + name + "_cells}";
+std::string tiling_definition(const std::string& name, const CellGrid& grid) {
+  return "constexpr Tiling " + name + "_tiling = {\n    " +
+         axis_initialiser(name + "_x_edges", grid.x) + axis_initialiser(name + "_y_edges", grid.y) +
+         name + "_cells};\n";
 }
 
 }  // namespace co2_properties::tablegen

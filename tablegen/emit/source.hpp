@@ -40,7 +40,7 @@ struct Provenance {
 /// the last with one row of the grid (one interval of x) after the other.
 [[nodiscard]] std::string grid_arrays(const std::string& name, const CellGrid& grid);
 
-/// Initialiser of a CellMap on the arrays of `grid_arrays`: {{..., n}, {..., m}, ...}.
-[[nodiscard]] std::string grid_initialiser(const std::string& name, const CellGrid& grid);
+/// Definition of the Tiling `<name>_tiling` on the arrays of `grid_arrays`.
+[[nodiscard]] std::string tiling_definition(const std::string& name, const CellGrid& grid);
 
 }  // namespace co2_properties::tablegen

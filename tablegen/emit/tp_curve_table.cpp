@@ -11,6 +11,7 @@
 #include "tablegen/emit/number.hpp"
 #include "tablegen/emit/source.hpp"
 #include "tablegen/fit/tp_curves.hpp"
+#include "tablegen/fit/tp_index.hpp"
 #include "tablegen/format.hpp"
 #include "tablegen/tilings/text_reader.hpp"
 
@@ -18,7 +19,7 @@ namespace co2_properties::tablegen {
 namespace {
 
 /// Part of the input digest: raise it when the fit changes without the elements.
-constexpr const char* fit_version = "tp_curves 2";
+constexpr const char* fit_version = "tp_curves 3";
 
 std::string curve_record(const std::size_t index, const TpCurve& curve) {
   std::string text = format(
@@ -33,29 +34,62 @@ std::string curve_record(const std::size_t index, const TpCurve& curve) {
   return text + "}},\n";
 }
 
-std::string region_source(const TpRegion& table) {
-  const std::string prefix = table.name;
-  std::vector<std::string> edges;
-  for (const double edge : table.temp_edges) edges.push_back(decimal_literal(edge));
+/// The numbers of all regions, one after the other, as texts.
+struct Lists {
   std::vector<std::string> first = {"0"};
-  std::string rows;
-  std::size_t count = 0;
+  std::string rows, curves, shears, entries;
+  std::size_t row_count = 0, curve_count = 0;
+};
+
+void append(const TpRegion& table, Lists& lists) {
   for (const std::vector<TpRow>& column : table.columns) {
     std::vector<std::string> items;
     items.reserve(column.size());
-    for (const TpRow& row : column) items.push_back(format("{%u, %u}", row.element, row.curve));
-    rows += wrapped_list(items);
-    count += column.size();
-    first.push_back(std::to_string(count));
+    for (const TpRow& row : column) {
+      items.push_back(format("{%u, %zu}", row.element, lists.curve_count + row.curve));
+    }
+    lists.rows += wrapped_list(items);
+    lists.row_count += column.size();
+    lists.first.push_back(std::to_string(lists.row_count));
   }
-  std::string text =
-      "\nnamespace {\n\n" + array_definition("double", prefix + "_temp_edges", edges) +
-      array_definition("std::uint16_t", prefix + "_first", first) + "constexpr TpRow " + prefix +
-      "_rows[] = {\n" + rows + "};\nconstexpr IsochoreCurve " + prefix + "_curves[] = {\n";
-  for (std::size_t k = 0; k < table.curves.size(); ++k) text += curve_record(k, table.curves[k]);
-  return text + "};\n\n}  // namespace\n\nconstexpr TpMap " + prefix + "_tp_map = {{" + prefix +
-         "_temp_edges, " + std::to_string(edges.size()) + "}, " + prefix + "_first, " + prefix +
-         "_rows, " + prefix + "_curves};\n";
+  for (const TpCurve& curve : table.curves) {
+    lists.curves += curve_record(lists.curve_count++, curve);
+  }
+  for (const auto& [shear, entries] : index_tp_region(table)) {
+    lists.shears += "  {" + decimal_literal(shear.temp0) + ", " + hex_literal(shear.slope) + ", " +
+                    hex_literal(shear.center) + ", " + hex_literal(shear.fan) + "},\n";
+    std::vector<std::string> items;
+    items.reserve(entries.size());
+    for (const std::uint16_t entry : entries) items.push_back(std::to_string(entry));
+    lists.entries += wrapped_list(items);
+  }
+}
+
+/// \param tables  in the order of the regions
+std::string source_text(const std::vector<TpRegion>& tables) {
+  Lists lists;
+  std::string edges;
+  std::string tilings;
+  std::string names;
+  for (const TpRegion& table : tables) {
+    const std::string name = table.name;
+    std::vector<std::string> items;
+    for (const double edge : table.temp_edges) items.push_back(decimal_literal(edge));
+    edges += array_definition("double", name + "_temp_edges", items);
+    tilings += "constexpr PressureTiling " + name + "_tp_tiling = {\n    " + name +
+               "_temp_edges, " + std::to_string(items.size()) + ", pressure_locator.first + " +
+               std::to_string(lists.first.size() - 1) +
+               ", pressure_locator.rows, pressure_locator.curves};\n";
+    names += (names.empty() ? "" : ", ") + name + "_tp_tiling";
+    append(table, lists);
+  }
+  return "\n#include \"eos/pressure_locator.hpp\"\n\nnamespace co2_properties {\n\nnamespace "
+         "{\n\n" +
+         edges + "\n}  // namespace\n\n" + tilings +
+         "\nconstexpr PressureLocator pressure_locator = {\n  count_intervals(" + names +
+         "),\n  {  // shears\n" + lists.shears + "  },\n  {  // entries\n" + lists.entries +
+         "  },\n  {  // first\n" + wrapped_list(lists.first) + "  },\n  {  // rows\n" + lists.rows +
+         "  },\n  {  // curves\n" + lists.curves + "  },\n};\n\n}  // namespace co2_properties\n";
 }
 
 std::string worst_error(const TpRegion& table) {
@@ -118,15 +152,15 @@ Generated generate() {
   const std::vector<ElementCell> cells = parse_element_tiling(tiling_text("elements.txt"));
   const std::vector<Element> elements = elements_in(source, cells);
   const std::vector<TpRegion> tables = {
+      fit_tp_region(cells, elements, "supercritical", Region::supercritical),
       fit_tp_region(cells, elements, "vapour", Region::vapour),
-      fit_tp_region(cells, elements, "liquid", Region::liquid),
-      fit_tp_region(cells, elements, "supercritical", Region::supercritical)};
+      fit_tp_region(cells, elements, "liquid", Region::liquid)};
 
   Provenance provenance;
   provenance.table = "tp_curves";
   provenance.content = {
-      "Curves p(T), kPa and K, along the density edges of the elements, and the elements between",
-      "them: src/eos/locate_tp.hpp."};
+      "Curves p(T), kPa and K, along the density edges of the elements, the elements between them,",
+      "and an index of both: src/eos/pressure_locator.hpp."};
   provenance.fitted_to = "the pressure of the elements in src/eos/tables/elements.cpp.";
   provenance.tiling = "tablegen/tilings/elements.txt";
   provenance.digest = tp_curves_digest(source);
@@ -138,10 +172,7 @@ Generated generate() {
     if (!g.summary.empty()) g.summary += ' ';
     g.summary += provenance.errors.back();
   }
-  std::string text = "\n#include \"eos/locate_tp.hpp\"\n\nnamespace co2_properties {\n";
-  for (const TpRegion& table : tables) text += region_source(table);
-  text += "\n}  // namespace co2_properties\n";
-  g.source = generated_source(provenance, text);
+  g.source = generated_source(provenance, source_text(tables));
   return g;
 }
 

@@ -40,8 +40,7 @@ std::vector<Target> dome_tangent(const ElementCell& cell, const Reach& reach) {
   const Real width = static_cast<Real>(cell.dens_hi) - end;
   for (const Real node : chebyshev_nodes(temps)) {
     const Real temp = reach.temp_lo() + (reach.temp_hi() - reach.temp_lo()) * node;
-    // In single precision: the C library, which has a share in it, may differ in a last place.
-    const Real sat = static_cast<float>(calc_sat_liq_dens(static_cast<double>(temp)));
+    const Real sat = calc_sat_liq_dens(static_cast<double>(temp));
     if (temp >= reference::t_crit || sat <= end) continue;
     const Slope start = isotherm(temp, sat);
     const Real slope = std::max(start.slope, least_slope);

@@ -4,7 +4,6 @@
 #include <cmath>
 
 #include "co2_properties/limits.hpp"
-#include "eos/helmholtz.hpp"
 #include "eos/properties.hpp"
 #include "fits/near_critical.hpp"
 #include "reference/elementary.hpp"
@@ -189,25 +188,30 @@ std::vector<StatePoint> unreachable_part(const ElementCell& cell, const Reach& r
   return points;
 }
 
-HelmholtzDerivatives to_double(const reference::Helmholtz<Real>& r) {
-  return {static_cast<double>(r.a),    static_cast<double>(r.a_t),  static_cast<double>(r.a_d),
-          static_cast<double>(r.a_tt), static_cast<double>(r.a_dd), static_cast<double>(r.a_td)};
+/// The form of which the library makes properties.
+Derivatives<double> for_properties(const reference::Helmholtz<Real>& r, const double dens) {
+  return {static_cast<double>(r.a),
+          static_cast<double>(r.a_t),
+          static_cast<double>(r.a_tt),
+          static_cast<double>(dens * r.a_d),
+          static_cast<double>(dens * r.a_td),
+          static_cast<double>(dens * (2.0 * r.a_d + dens * r.a_dd))};
 }
 
-PropertyErrors property_errors(const HelmholtzDerivatives& d, const HelmholtzDerivatives& r,
+PropertyErrors property_errors(const Derivatives<double>& d, const Derivatives<double>& r,
                                const double temp, const double dens) {
   const bool box = near_critical_box.contains(temp, dens);
   const double p = pressure(r, dens);
   const auto relative = [](const double x, const double ref) { return std::abs(x / ref - 1.0); };
   PropertyErrors e;
-  e.value[0] = std::abs(pressure(d, dens) - p) / (box ? p : dens * dpdd(r, dens));
-  e.value[1] = std::abs(enthalpy(d, temp, dens) - enthalpy(r, temp, dens));
+  e.value[0] = std::abs(pressure(d, dens) - p) / (box ? p : dens * r.dpdd);
+  e.value[1] = std::abs(enthalpy(d, temp) - enthalpy(r, temp));
   e.value[2] = std::abs(entropy(d) - entropy(r));
   if (!box) {
     e.value[3] = relative(d.a_tt, r.a_tt);
-    e.value[4] =
-        relative(isobaric_heat_capacity(d, temp, dens), isobaric_heat_capacity(r, temp, dens));
-    e.value[5] = relative(speed_of_sound(d, dens), speed_of_sound(r, dens));
+    e.value[4] = relative(isobaric_heat_capacity(d, temp), isobaric_heat_capacity(r, temp));
+    e.value[5] =
+        relative(std::sqrt(speed_of_sound_squared(d)), std::sqrt(speed_of_sound_squared(r)));
   }
   return e;
 }
@@ -480,7 +484,8 @@ ElementFit ElementFitter::measured(const Element& element) const {
     const auto temp = static_cast<double>(at.temp);
     const auto dens = static_cast<double>(at.dens);
     const auto ref = reference::helmholtz<Real>(at.temp, at.dens);
-    const HelmholtzDerivatives d = evaluate(element, temp, dens, elementary::rounded_log(dens));
+    const Derivatives<double> evaluated = evaluate(element, temp, dens);
+    const HelmholtzDerivatives d = plain(evaluated, dens);
     const Form target = derivatives(ref);
     const Form error = {d.a - target[0],    d.a_t - target[1],  d.a_d - target[2],
                         d.a_tt - target[3], d.a_dd - target[4], d.a_td - target[5]};
@@ -488,7 +493,7 @@ ElementFit ElementFitter::measured(const Element& element) const {
       const Real off = value_of(form, error);
       sum += off * off;
     }
-    const PropertyErrors e = property_errors(d, to_double(ref), temp, dens);
+    const PropertyErrors e = property_errors(evaluated, for_properties(ref, dens), temp, dens);
     for (std::size_t m = 0; m < e.value.size(); ++m) {
       fit.errors.value[m] = std::max(fit.errors.value[m], e.value[m]);
     }

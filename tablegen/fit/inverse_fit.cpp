@@ -151,7 +151,8 @@ InverseCell fit_inverse_cell(const Caloric caloric, const Estimate estimate,
   problem.soft = {damping * Matrix::Identity(unknowns, unknowns), Vector::Zero(unknowns)};
   const Vector x = typical * solve_least_squares(problem);
 
-  InverseCell stored{cell.pres0, cell.caloric0, {}, cell.saturation_check};
+  InverseCell stored{
+      {}, cell.pres0, cell.caloric0, static_cast<double>(cell.saturation_check), 0.0};
   for (std::size_t k = 0; k < terms; ++k) {
     for (std::size_t m = 0; m < terms; ++m) {
       Real sum = 0.0L;
@@ -161,7 +162,7 @@ InverseCell fit_inverse_cell(const Caloric caloric, const Estimate estimate,
                  in_pres.stored[b][m];
         }
       }
-      stored.coef[k][m] = static_cast<double>(sum);
+      stored.coef[m][k] = static_cast<double>(sum);
     }
   }
   return stored;
@@ -169,9 +170,9 @@ InverseCell fit_inverse_cell(const Caloric caloric, const Estimate estimate,
 
 double evaluate(const Caloric caloric, const InverseCell& cell, const double pres,
                 const double value) {
-  return caloric == Caloric::enthalpy
-             ? evaluate_in_enthalpy(cell, pres, value)
-             : evaluate_in_entropy(cell, pres, elementary::rounded_log(pres), value);
+  return caloric == Caloric::enthalpy ? evaluate_cell<InverseForm::cubic>(cell, pres, value, 0.0)
+                                      : evaluate_cell<InverseForm::logarithm>(
+                                            cell, pres, value, elementary::rounded_log(pres));
 }
 
 }  // namespace co2_properties::tablegen

@@ -10,7 +10,6 @@
 
 #include "co2_properties/limits.hpp"
 #include "eos/helmholtz.hpp"
-#include "eos/locate_tp.hpp"
 #include "eos/properties.hpp"
 #include "reference/elementary.hpp"
 #include "saturation/sat_density.hpp"
@@ -168,13 +167,12 @@ EdgeState edge_state(const std::vector<Element>& elements, const TpCurve& curve,
                      const double temp) {
   const auto segment = std::find_if(curve.segments.begin(), curve.segments.end() - 1,
                                     [&](const TpSegment& s) { return temp < s.temp_hi; });
-  const auto at = [&](const std::size_t e) {
-    return evaluate(elements[e], temp, curve.dens, elementary::rounded_log(curve.dens));
-  };
-  const HelmholtzDerivatives below = at(segment->below);
-  const HelmholtzDerivatives above = at(segment->above);
-  const double pres = (pressure(below, curve.dens) + pressure(above, curve.dens)) / 2.0;
-  const double slope = std::min(dpdd(below, curve.dens), dpdd(above, curve.dens));
+  const double dens = curve.dens;
+  const auto at = [&](const std::size_t e) { return evaluate(elements[e], temp, dens); };
+  const Derivatives<double> below = at(segment->below);
+  const Derivatives<double> above = at(segment->above);
+  const double pres = (pressure(below, dens) + pressure(above, dens)) / 2.0;
+  const double slope = std::min(below.dpdd, above.dpdd);
   return {pres, 1.0 / std::max(slope, pres_resolution * pres / dens_tolerance)};
 }
 

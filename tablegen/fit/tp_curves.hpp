@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "eos/element.hpp"
-#include "eos/locate_tp.hpp"
+#include "eos/pressure_locator.hpp"
 #include "tablegen/tilings/element_tiling.hpp"
 
 namespace co2_properties::tablegen {

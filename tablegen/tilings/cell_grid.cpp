@@ -53,12 +53,6 @@ double upper_side(const std::vector<double>& edges, const std::size_t k) {
 
 }  // namespace
 
-CellMap CellGrid::map() const {
-  return {{x.data(), static_cast<std::int32_t>(x.size())},
-          {y.data(), static_cast<std::int32_t>(y.size())},
-          cell.data()};
-}
-
 Box CellGrid::interval(const std::size_t i, const std::size_t j) const {
   return {lower_side(x, i), upper_side(x, i), lower_side(y, j), upper_side(y, j)};
 }

@@ -1,12 +1,12 @@
 #pragma once
-// From a list of rectangles to the arrays behind a CellMap.
+// From a list of rectangles to the arrays behind a Tiling.
 
 #include <cstdint>
 #include <functional>
 #include <limits>
 #include <vector>
 
-#include "cells/cell_map.hpp"
+#include "cells/axis.hpp"
 
 namespace co2_properties::tablegen {
 
@@ -24,14 +24,12 @@ struct Rectangle {
   std::uint16_t value;
 };
 
-/// The arrays of a CellMap, same layout: `cell[i * (y.size() + 1) + j]`.
+/// The arrays of a Tiling, same layout: `cell[i * (y.size() + 1) + j]`.
 struct CellGrid {
   std::vector<double> x;
   std::vector<double> y;
   std::vector<std::uint16_t> cell;
 
-  /// The look-up of the library on these arrays; valid while they live.
-  [[nodiscard]] CellMap map() const;
   /// Extent of interval i of x and j of y.
   [[nodiscard]] Box interval(std::size_t i, std::size_t j) const;
 };

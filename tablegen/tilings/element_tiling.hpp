@@ -7,11 +7,10 @@
 #include <string_view>
 #include <vector>
 
+#include "eos/temperature_bins.hpp"
 #include "tablegen/tilings/cell_grid.hpp"
 
 namespace co2_properties::tablegen {
-
-enum class Region { vapour, liquid, supercritical };
 
 /// A rectangle of the tiling; its index is its place in the list plus one.
 struct ElementCell {

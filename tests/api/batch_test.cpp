@@ -3,17 +3,23 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cctype>
 #include <cfenv>
 #include <cmath>
 #include <ostream>
 #include <random>
 #include <span>
+#include <string>
 #include <type_traits>
 #include <vector>
 
 #include "tests/support/entries.hpp"
+#include "tests/support/portable_lanes.hpp"
 
 namespace co2_properties {
+
+static void PrintTo(const Level& level, std::ostream* const stream) { *stream << level.name; }
+
 namespace {
 
 using test::bits;
@@ -44,7 +50,9 @@ struct Arrays {
     return n * static_cast<std::size_t>(std::abs(step));
   }
   /// Where element 0 lies.
-  [[nodiscard]] std::size_t origin() const { return stride < 0 ? room(count - 1, stride) : 0; }
+  [[nodiscard]] std::size_t origin() const {
+    return stride < 0 && count > 0 ? room(count - 1, stride) : 0;
+  }
   [[nodiscard]] std::size_t at(const std::size_t i) const {
     return origin() + i * static_cast<std::size_t>(stride);
   }
@@ -82,7 +90,8 @@ void expect_as_single(const Entry& entry, const Inputs& in, const Arrays& result
 }
 
 /// Random states all over the range and a little beyond, a tenth of them close to the saturation
-/// line or the critical point, the first ones with inputs that are no numbers of a state.
+/// line or the critical point, the first ones with inputs that are no numbers of a state. Runs of
+/// states have a single phase alone, so that whole blocks go the same way.
 Inputs random_inputs(const Entry& entry, const std::size_t count) {
   struct Range {
     double lo, hi;
@@ -110,6 +119,11 @@ Inputs random_inputs(const Entry& entry, const std::size_t count) {
       x = near[entry.inputs[0]];
       y = near[entry.inputs[1]];
     }
+    if (i / 200 % 3 == 2) {
+      const Result hot = test::td(within({310.0, 1400.0}, false), within({1.0, 600.0}, true));
+      x = hot[entry.inputs[0]];
+      y = hot[entry.inputs[1]];
+    }
     if (i < 64) x = odd[i % 8];
     if (i >= 32 && i < 96) y = odd[i / 8 % 8];
     in.first.push_back(x);
@@ -120,33 +134,18 @@ Inputs random_inputs(const Entry& entry, const std::size_t count) {
 
 // ---- Instruction sets --------------------------------------------------------------------------
 
-struct Level {
-  const char* name;
-  const BatchEntries* entries;  ///< null where the compiler does not know it
-  bool here;                    ///< whether this machine does
+class BatchLevel : public testing::TestWithParam<Level> {
+ protected:
+  void run(const Entry& entry, const Batch& batch) { (GetParam().entries->*entry.run)(batch); }
 };
-void PrintTo(const Level& level, std::ostream* const stream) { *stream << level.name; }
-std::array<Level, 3> levels() {
-#if defined(__x86_64__) && defined(__GNUC__)
-  const bool avx2 = __builtin_cpu_supports("avx2") != 0;
-  const bool avx512f = __builtin_cpu_supports("avx512f") != 0;
-#else
-  const bool avx2 = false;
-  const bool avx512f = false;
-#endif
-  return {{{"OneByOne", &one_by_one, true},
-           {"Avx2", four_lanes, avx2},
-           {"Avx512f", eight_lanes, avx512f}}};
-}
-
-class BatchLevel : public testing::TestWithParam<Level> {};
-INSTANTIATE_TEST_SUITE_P(Every, BatchLevel, testing::ValuesIn(levels()),
-                         [](const auto& level) { return level.param.name; });
+INSTANTIATE_TEST_SUITE_P(Every, BatchLevel, testing::ValuesIn(test::levels_here()),
+                         [](const auto& level) {
+                           std::string name = level.param.name;
+                           std::erase_if(name, [](const char c) { return !std::isalnum(c); });
+                           return name;
+                         });
 
 TEST_P(BatchLevel, GivesTheBitsOfTheSingleEntries) {
-  const Level& level = GetParam();
-  if (level.entries == nullptr) GTEST_SKIP() << level.name << ": not tried, not in this build";
-  if (!level.here) GTEST_SKIP() << level.name << ": not tried, not on this machine";
   for (const Entry* const entry : test::entries) {
     SCOPED_TRACE(entry->name);
     for (const test::Mask mask : {test::all_outputs, 0x4F2U, 0x1800U, 0U}) {
@@ -154,9 +153,84 @@ TEST_P(BatchLevel, GivesTheBitsOfTheSingleEntries) {
       const Inputs in = random_inputs(*entry, count);
       Arrays result(count);
       const BatchOutputSet out = result.subset(mask);
-      (level.entries->*entry->run)({in.first, in.second, result.ierr, out});
+      run(*entry, {in.first, in.second, result.ierr, out});
       expect_as_single(*entry, in, result, mask);
     }
+  }
+}
+
+// Up to three blocks and some more, so that each remainder occurs, with strides and subsets in
+// turn.
+TEST_P(BatchLevel, ServesEveryLength) {
+  constexpr std::ptrdiff_t strides[] = {1, 3, -1, -2, 1};
+  constexpr test::Mask masks[] = {test::all_outputs, 0x4F2U, 0x1800U};
+  for (const Entry* const entry : test::entries) {
+    const Inputs all = random_inputs(*entry, 700);
+    for (std::size_t count = 0; count <= 200; ++count) {
+      SCOPED_TRACE(testing::Message() << entry->name << ", " << count << " states");
+      const std::size_t skip = count % 2 == 0 ? 150 : 420;  // mixed ones, and of a single phase
+      Arrays in(count, strides[count % 5]);
+      Arrays result(count, strides[count % 5]);
+      Inputs some;
+      for (std::size_t i = 0; i < count; ++i) {
+        some.first.push_back(in.value[0][in.at(i)] = all.first[skip + i]);
+        some.second.push_back(in.value[1][in.at(i)] = all.second[skip + i]);
+      }
+      const test::Mask mask = masks[count % 3];
+      const BatchOutputSet out = result.subset(mask);
+      run(*entry, {in.output(0), in.output(1), result.codes(), out});
+      expect_as_single(*entry, some, result, mask);
+    }
+  }
+}
+
+TEST_P(BatchLevel, TakesOneInputForAllStatesAndOverwritesInputs) {
+  for (const Entry* const entry : test::entries) {
+    SCOPED_TRACE(entry->name);
+    Inputs in = random_inputs(*entry, 700);
+    Arrays in_place(700);
+    in_place.value[5] = in.first;
+    in_place.value[6] = in.second;
+    const BatchOutputSet over = in_place.subset();
+    run(*entry, {in_place.value[5], in_place.value[6], in_place.ierr, over});
+    expect_as_single(*entry, in, in_place);
+
+    Arrays result(700);
+    const double one = in.first[500];
+    const BatchOutputSet out = result.subset();
+    run(*entry, {{&one, 700, 0}, in.second, result.ierr, out});
+    in.first.assign(700, one);
+    expect_as_single(*entry, in, result);
+  }
+}
+
+// No host that traps invalid operations may stop at what is not used: the square of the speed of
+// sound is negative next to the critical point, where a fit gives the result, and where elements
+// are extrapolated, in lanes whose state is not written.
+TEST_P(BatchLevel, RaisesNoInvalidOperationForWhatIsNotUsed) {
+  struct Case {
+    const Entry& entry;
+    double first, second;
+    bool is_error;
+    const char* why;
+  };
+  const Case cases[] = {
+      {test::ps, 7377.5372075565047, 1.4237040658699698, false, "critical point"},
+      {test::td, 1028.0, 780.0, true, "pressure too high"},
+      {test::td, 1400.0, 1700.0, true, "denser than all elements"},
+      {test::ph, 33000.0, -160.0, true, "an iterate in extrapolated liquid"},
+      {test::ps, 32800.0, 4.85, true, "an iterate in extrapolated gas"},
+  };
+  for (const Case& c : cases) {
+    const std::vector<double> first(16, c.first);
+    const std::vector<double> second(16, c.second);
+    std::vector<std::int32_t> ierr(16, Result::unset);
+    std::vector<double> ssnd(16);
+    const BatchOutputSet out = {.ssnd = ssnd};
+    std::feclearexcept(FE_ALL_EXCEPT);
+    run(c.entry, {first, second, ierr, out});
+    EXPECT_EQ(std::fetestexcept(FE_INVALID | FE_DIVBYZERO | FE_OVERFLOW), 0) << c.why;
+    EXPECT_EQ(ierr[15] > 0, c.is_error) << c.why;
   }
 }
 
@@ -168,15 +242,16 @@ TEST(BatchLevels, TheWidestOneOfTheMachineIsTaken) {
   };
   const Case cases[] = {
       {{.avx2 = false, .avx512f = false}, &one_by_one},
-      {{.avx2 = true, .avx512f = false}, four_lanes != nullptr ? four_lanes : &one_by_one},
-      {{.avx2 = true, .avx512f = true}, eight_lanes != nullptr ? eight_lanes : &one_by_one},
+      {{.avx2 = true, .avx512f = false}, avx2_lanes != nullptr ? avx2_lanes : &one_by_one},
+      {{.avx2 = true, .avx512f = true}, avx512_lanes != nullptr ? avx512_lanes : &one_by_one},
   };
   for (const Case& c : cases) {
     EXPECT_EQ(&widest_entries(c.machine), c.expected) << c.machine.avx2 << c.machine.avx512f;
   }
-  const auto [single, four, eight] = levels();
-  EXPECT_EQ(instruction_sets().avx2, four.here);
-  EXPECT_EQ(instruction_sets().avx512f, eight.here);
+#if defined(__x86_64__) && defined(__GNUC__)
+  EXPECT_EQ(instruction_sets().avx2, __builtin_cpu_supports("avx2") != 0);
+  EXPECT_EQ(instruction_sets().avx512f, __builtin_cpu_supports("avx512f") != 0);
+#endif
 }
 
 // ---- Arrays ------------------------------------------------------------------------------------
@@ -194,12 +269,11 @@ void run_in_c(const Entry& entry, Arrays& in, Arrays& result) {
   entry.c_batch(&result.count, &first, &second, &ierr, &out);
 }
 
-// Every length up to three of the widest blocks, so that each remainder occurs. Some of the states
-// are in error, which leaves their neighbours alone.
-TEST(Batch, ServesEveryLengthAndStride) {
+// Some of the states are in error, which leaves their neighbours alone.
+TEST(Batch, ServesStridesInBothLanguages) {
   for (const Entry* const entry : test::entries) {
     const Inputs all = random_inputs(*entry, 200);
-    for (std::size_t count = 1; count <= 50; ++count) {
+    for (const std::size_t count : {1U, 7U, 50U}) {
       const auto skip = std::ptrdiff_t{150};  // the odd inputs
       const auto end = skip + static_cast<std::ptrdiff_t>(count);
       const Inputs some = {{all.first.begin() + skip, all.first.begin() + end},
@@ -225,25 +299,6 @@ TEST(Batch, ServesEveryLengthAndStride) {
         }
       }
     }
-  }
-}
-
-TEST(Batch, TakesOneInputForAllStatesAndOverwritesInputs) {
-  for (const Entry* const entry : test::entries) {
-    SCOPED_TRACE(entry->name);
-    Inputs in = random_inputs(*entry, 300);
-    Arrays in_place(300);
-    in_place.value[5] = in.first;
-    in_place.value[6] = in.second;
-    ASSERT_TRUE(
-        entry->batch(in_place.value[5], in_place.value[6], in_place.ierr, in_place.subset()));
-    expect_as_single(*entry, in, in_place);
-
-    Arrays result(300);
-    const double one = in.first[200];
-    ASSERT_TRUE(entry->batch({&one, 300, 0}, in.second, result.ierr, result.subset()));
-    in.first.assign(300, one);
-    expect_as_single(*entry, in, result);
   }
 }
 
@@ -287,37 +342,6 @@ static_assert(std::is_convertible_v<std::array<double, 3>&, StridedSpan<double>>
 static_assert(std::is_convertible_v<std::span<const double>, StridedSpan<const double>>);
 static_assert(!std::is_convertible_v<const std::vector<double>&, StridedSpan<double>>);
 static_assert(!std::is_convertible_v<std::vector<float>&, StridedSpan<const double>>);
-
-// ---- Floating-point exceptions -----------------------------------------------------------------
-
-// No host that traps invalid operations may stop at what is not used: the square of the speed of
-// sound is negative next to the critical point, where a fit gives the result, and where elements
-// are extrapolated, in lanes whose state is not written.
-TEST(Batch, RaisesNoInvalidOperationForWhatIsNotUsed) {
-  struct Case {
-    const Entry& entry;
-    double first, second;
-    bool is_error;
-    const char* why;
-  };
-  const Case cases[] = {
-      {test::ps, 7377.5372075565047, 1.4237040658699698, false, "critical point"},
-      {test::td, 1028.0, 780.0, true, "pressure too high"},
-      {test::td, 1400.0, 1700.0, true, "denser than all elements"},
-      {test::ph, 33000.0, -160.0, true, "an iterate in extrapolated liquid"},
-      {test::ps, 32800.0, 4.85, true, "an iterate in extrapolated gas"},
-  };
-  for (const Case& c : cases) {
-    const std::vector<double> first(16, c.first);
-    const std::vector<double> second(16, c.second);
-    std::vector<std::int32_t> ierr(16, Result::unset);
-    std::vector<double> ssnd(16);
-    std::feclearexcept(FE_ALL_EXCEPT);
-    ASSERT_TRUE(c.entry.batch(first, second, ierr, {.ssnd = ssnd}));
-    EXPECT_EQ(std::fetestexcept(FE_INVALID | FE_DIVBYZERO | FE_OVERFLOW), 0) << c.why;
-    EXPECT_EQ(ierr[15] > 0, c.is_error) << c.why;
-  }
-}
 
 }  // namespace
 }  // namespace co2_properties

@@ -6,6 +6,8 @@
 #include <cmath>
 #include <random>
 
+#include "api/entries/ph.hpp"
+#include "api/entries/ps.hpp"
 #include "eos/property_types.hpp"
 #include "solvers/solve_caloric.hpp"
 #include "tests/support/bits.hpp"
@@ -25,9 +27,8 @@ using test::Result;
 using test::td;
 
 /// The property that is an input of an entry.
-double value(const Entry& entry, const HelmholtzDerivatives& d, const double temp,
-             const double dens) {
-  return entry.inputs[1] == test::enth ? enthalpy(d, temp, dens) : entropy(d);
+double value(const Entry& entry, const Derivatives<double>& d, const double temp) {
+  return entry.inputs[1] == test::enth ? enthalpy(d, temp) : entropy(d);
 }
 
 bool is_mixture(const Result& r) { return bits(r[test::dpdd]) == 0U; }
@@ -49,8 +50,8 @@ TEST(Caloric, TemperatureLimitsApplyToTheResult) {
   for (const Entry* const entry : caloric_entries) {
     for (const Case& c : cases) {
       SCOPED_TRACE(testing::Message() << entry->name << ' ' << c.temp << " K " << c.why);
-      const HelmholtzDerivatives d = element_derivatives(relocate(c.temp, c.dens), c.temp, c.dens);
-      const Result r = (*entry)(pressure(d, c.dens), value(*entry, d, c.temp, c.dens));
+      const Derivatives<double> d = evaluate(element(relocate(c.temp, c.dens)), c.temp, c.dens);
+      const Result r = (*entry)(pressure(d, c.dens), value(*entry, d, c.temp));
       EXPECT_EQ(r.ierr, c.code == 0 ? 0 : entry->base + c.code);
       EXPECT_NEAR(r[test::temp], c.code == 0 ? c.temp : 0.0, 1e-6);
     }
@@ -100,8 +101,8 @@ TEST(Caloric, JudgesLateResults) {
 /// `first`.
 void expect_element(const std::int32_t first, const std::int32_t expected, const double temp,
                     const double dens) {
-  const HelmholtzDerivatives d = element_derivatives(expected, temp, dens);
-  const CaloricTarget target = caloric_target(pressure(d, dens), enthalpy(d, temp, dens));
+  const Derivatives<double> d = evaluate(element(expected), temp, dens);
+  const CaloricTarget target = caloric_target(pressure(d, dens), enthalpy(d, temp));
   const CaloricSolution s = solve_caloric<Enthalpy>(target, first, temp, dens);
   EXPECT_TRUE(s.element == expected && s.evaluations == 1)
       << temp << " K " << dens << " kg/m3: element " << s.element << " for " << expected;
@@ -133,9 +134,9 @@ TEST(Caloric, SolverMeetsTheTargetOrRunsToItsLimit) {
   for (int sample = 0; sample < 50000; ++sample) {
     const double temp = in_temp(engine);
     const double dens = in_dens(engine);
-    const HelmholtzDerivatives d = element_derivatives(relocate(temp, dens), temp, dens);
+    const Derivatives<double> d = evaluate(element(relocate(temp, dens)), temp, dens);
     // Every tenth target cannot be met: no rounding is as small.
-    CaloricTarget target = caloric_target(pressure(d, dens), enthalpy(d, temp, dens));
+    CaloricTarget target = caloric_target(pressure(d, dens), enthalpy(d, temp));
     if (sample % 10 == 0) target.pres_tolerance = 0.0;
     const auto first = static_cast<std::int32_t>(1 + engine() % 649);
     const CaloricSolution s =
@@ -143,18 +144,54 @@ TEST(Caloric, SolverMeetsTheTargetOrRunsToItsLimit) {
     ASSERT_TRUE(s.evaluations >= 1 && s.evaluations <= 16) << s.evaluations;
     if (s.evaluations < 16) {
       ASSERT_LT(std::abs(pressure(s.d, s.dens) - target.pres), target.pres_tolerance);
-      ASSERT_LT(std::abs(enthalpy(s.d, s.temp, s.dens) - target.caloric), target.caloric_tolerance);
+      ASSERT_LT(std::abs(enthalpy(s.d, s.temp) - target.caloric), target.caloric_tolerance);
     } else if (is_promising(s.temp, s.dens)) {
       ++late;
-      const HelmholtzDerivatives last = element_derivatives(s.element, s.temp, s.dens);
-      ASSERT_EQ(bits(s.d.a_d), bits(last.a_d)) << s.temp << " K " << s.dens;
-      ASSERT_TRUE(serves(element(s.element), s.temp, s.dens) ||
+      const Derivatives<double> last = evaluate(element(s.element), s.temp, s.dens);
+      ASSERT_EQ(bits(s.d.pv), bits(last.pv)) << s.temp << " K " << s.dens;
+      ASSERT_TRUE(Rectangles<double>::of({&element(s.element)}).serve(s.temp, s.dens) ||
                   s.element == relocate(s.temp, s.dens));
     }
   }
   EXPECT_GT(late, 1000) << "or else the limit was not tried";
   EXPECT_EQ(caloric_target(2.0, -300.0).caloric_tolerance, 1e-11 * 300.0);
   EXPECT_EQ(caloric_target(2.0, -0.3).caloric_tolerance, 1e-11) << "zero is an arbitrary point";
+}
+
+// ---- Common road -------------------------------------------------------------------------------
+
+// What its steps lead to is a result only if it meets both inputs: a last step that falls short by
+// 1e-9 is refused.
+template <class Pair>
+void expect_refusals(const double temp, const double dens) {
+  const Cells<double> cells = {&element(relocate(temp, dens))};
+  const Derivatives<double> d = evaluate<double>(cells, temp, dens);
+  const double pres = pressure(d, dens);
+  const double caloric = Pair::Property::value(d, temp);
+  const auto accepts = [&](const double t, const double rho, const double p, const double x) {
+    return evaluate_caloric<Pair, double>(cells, {t, rho, true}, p, x).wanted;
+  };
+  constexpr double off = 1.0 + 1e-9;
+  EXPECT_TRUE(accepts(temp, dens, pres, caloric)) << temp << ' ' << dens;
+  EXPECT_FALSE(accepts(temp * off, dens, pres, caloric)) << temp << ' ' << dens;
+  EXPECT_FALSE(accepts(temp, dens * off, pres, caloric)) << temp << ' ' << dens;
+  EXPECT_FALSE(accepts(temp, dens, pres * off, caloric)) << temp << ' ' << dens;
+  EXPECT_FALSE(accepts(temp, dens, pres, caloric * off)) << temp << ' ' << dens;
+  EXPECT_FALSE((evaluate_caloric<Pair, double>(cells, {temp, dens, false}, pres, caloric).wanted));
+  EXPECT_FALSE(accepts(not_a_number, dens, pres, caloric));
+}
+
+TEST(Caloric, CommonRoadRefusesWhatDoesNotMeetBothInputs) {
+  struct Case {
+    double temp, dens;
+    const char* why;
+  };
+  for (const Case& c : {Case{300.0, 1.0, "gas"}, Case{250.0, 1100.0, "liquid"},
+                        Case{304.2, 467.0, "isotherm nearly flat"}, Case{1200.0, 300.0, "hot"}}) {
+    SCOPED_TRACE(c.why);
+    expect_refusals<PhPair>(c.temp, c.dens);
+    expect_refusals<PsPair>(c.temp, c.dens);
+  }
 }
 
 // ---- Two phases --------------------------------------------------------------------------------

@@ -48,8 +48,8 @@ TEST(SolveDensity, MeetsThePressureOrSaysThatItDoesNot) {
       ASSERT_EQ(s.element, relocate(temp, s.dens)) << "a density that no element covers";
       continue;
     }
-    const HelmholtzDerivatives d = evaluate(e, temp, s.dens, 0.0);
-    const double rounding = 1e-11 * std::abs(s.dens * dpdd(d, s.dens));  // of stretched liquid
+    const Derivatives<double> d = evaluate(e, temp, s.dens);
+    const double rounding = 1e-11 * std::abs(s.dens * d.dpdd);  // of stretched liquid
     ASSERT_NEAR(pressure(d, s.dens), pres, 1.1e-11 * pres + rounding);
   }
   // Or else the limits were not tried: met in the last evaluation that counts, in the one after it,

@@ -1,23 +1,27 @@
-// Prints a digest of all outputs and codes of every entry over fixed states: single calls, and
-// batches in each form that the machine runs. Equal digests mean equal bits. The states cover the
-// range log-uniformly and reach beyond it.
+// Prints digests of all outputs and codes of every entry over fixed states, one by one and at every
+// level of batches that the machine runs. Equal digests mean equal bits. The states cover the range
+// log-uniformly and reach beyond it; now and then an input is nothing that occurs. Does without the
+// run-time library of C++, which not every C library has.
+// Usage: digest [STATES]   up to 10^6; 10^5 print the first half of what 10^6 do
 
 #include "numbers/platform.hpp"
 
 #include "tests/support/digest.hpp"
 
 #include <cinttypes>
+#include <cmath>
 #include <cstdint>
 #include <cstdio>
-#include <vector>
+#include <cstdlib>
+#include <limits>
 
-#include "api/batch/levels.hpp"
 #include "api/co2_properties.hpp"
+#include "tests/support/portable_lanes.hpp"
 
 namespace co2_properties {
 namespace {
 
-constexpr std::size_t state_count = 40001;  // the last vector is not full
+// ---- States ------------------------------------------------------------------------------------
 
 /// Numbers between `lo` and `hi`, or between these powers of two.
 struct Range {
@@ -46,44 +50,93 @@ constexpr Entry entries[] = {
     {"co2_ps", &BatchEntries::ps, pressures, {0.4, 5.0}, critical_pressures, {1.2, 1.7}},
 };
 
-void print(const Entry& entry, const char* form, const BatchEntries& level) {
-  std::vector<double> first(state_count);
-  std::vector<double> second(state_count);
-  test::Draws draws;
-  for (std::size_t i = 0; i < state_count; ++i) {
-    const bool critical = i % 4 == 0;
-    first[i] = (critical ? entry.first_critical : entry.first).draw(draws);
-    second[i] = (critical ? entry.second_critical : entry.second).draw(draws);
+using Limits = std::numeric_limits<double>;
+constexpr double odd_inputs[] = {
+    Limits::quiet_NaN(), Limits::infinity(), -Limits::infinity(),  0.0,  -0.0,
+    Limits::max(),       Limits::lowest(),   Limits::denorm_min(), -1.0, Limits::min()};
+constexpr std::int32_t odd_input_count = sizeof odd_inputs / sizeof *odd_inputs;
+
+class States {
+ public:
+  explicit States(const Entry& entry) : entry_(entry) {}
+
+  void draw(double& first, double& second) {
+    const bool critical = count_ % 4 == 0;
+    first = (critical ? entry_.first_critical : entry_.first).draw(draws_);
+    second = (critical ? entry_.second_critical : entry_.second).draw(draws_);
+    if (count_ % 50 == 0) {
+      const std::int32_t odd = count_ / 50;
+      (odd % 2 == 0 ? first : second) = odd_inputs[odd / 2 % odd_input_count];
+    }
+    ++count_;
   }
-  std::vector<std::int32_t> ierr(state_count);
-  std::vector<double> values[output_count];
-  for (auto& v : values) v.resize(state_count);
+
+ private:
+  const Entry& entry_;
+  test::Draws draws_;
+  std::int32_t count_ = 0;
+};
+
+// ---- Results -----------------------------------------------------------------------------------
+
+constexpr std::int32_t batch_size = 3125;  // the last vector is not full
+double first[batch_size];
+double second[batch_size];
+std::int32_t ierr[batch_size];
+double values[output_count][batch_size];
+
+/// Whether all is well: an output is NaN only if an input is. IEEE 754 leaves open which NaN an
+/// operation gives, so that all of them are one here.
+bool add_state(const std::int32_t i, test::Digest& digest) {
+  const bool may_be_nan = std::isnan(first[i]) || std::isnan(second[i]);
+  bool well = true;
+  digest.add(ierr[i]);
+  for (const auto& output : values) {
+    const bool is_nan = std::isnan(output[i]);
+    digest.add(is_nan ? Limits::quiet_NaN() : output[i]);
+    well = well && (may_be_nan || !is_nan);
+  }
+  return well;
+}
+
+bool print(const Entry& entry, const Level& level, const std::int32_t state_count) {
   auto& v = values;
-  BatchOutputSet out = {v[0],  v[1],  v[2],  v[3],  v[4],  v[5],  v[6],  v[7],  v[8], v[9],
-                        v[10], v[11], v[12], v[13], v[14], v[15], v[16], v[17], v[18]};
-  (level.*entry.run)({first, second, ierr, out});
+  const BatchOutputSet out = {v[0],  v[1],  v[2],  v[3],  v[4],  v[5],  v[6],  v[7],  v[8], v[9],
+                              v[10], v[11], v[12], v[13], v[14], v[15], v[16], v[17], v[18]};
+  States states(entry);
   test::Digest digest;
-  for (const std::int32_t code : ierr) digest.add(code);
-  for (const auto& numbers : values) {
-    for (const double number : numbers) digest.add(number);
+  bool well = true;
+  for (std::int32_t done = 0; done < state_count;) {
+    for (std::int32_t i = 0; i < batch_size; ++i) states.draw(first[i], second[i]);
+    (level.entries->*entry.run)({first, second, ierr, out});
+    for (std::int32_t i = 0; i < batch_size; ++i) well = add_state(i, digest) && well;
+    done += batch_size;
+    if (done == 100'000 || done == 1'000'000) {
+      std::printf("%s %7" PRId32 " %016" PRIx64 " %s\n", entry.name, done, digest.value(),
+                  level.name);
+    }
   }
-  std::printf("%s %-8s %016" PRIx64 "\n", entry.name, form, digest.value());
+  if (!well) std::printf("%s gives NaN for numbers, %s\n", entry.name, level.name);
+  return well;
 }
 
 }  // namespace
 }  // namespace co2_properties
 
-int main() {
+int main(const int argc, const char* const* const argv) {
   using namespace co2_properties;
-  for (const Entry& entry : entries) {
-    print(entry, "single", one_by_one);
-#if defined(__x86_64__) && defined(__GNUC__)
-    if (four_lanes != nullptr && __builtin_cpu_supports("avx2") != 0) {
-      print(entry, "AVX2", *four_lanes);
+  const std::int32_t state_count = argc > 1 ? std::atoi(argv[1]) : 1'000'000;
+  bool well = true;
+  const auto print_level = [&](const Level& level) {
+    if (!level.runs) {
+      std::printf("not tried: %s, which this %s lacks\n", level.name,
+                  level.entries == nullptr ? "build" : "machine");
+      return;
     }
-    if (eight_lanes != nullptr && __builtin_cpu_supports("avx512f") != 0) {
-      print(entry, "AVX-512", *eight_lanes);
-    }
-#endif
-  }
+    for (const Entry& entry : entries) well = print(entry, level, state_count) && well;
+  };
+  print_level({"four lanes", &test::portable_four, true});
+  print_level({"eight lanes", &test::portable_eight, true});
+  for (const Level& level : levels(instruction_sets()).level) print_level(level);
+  return well ? 0 : 1;
 }

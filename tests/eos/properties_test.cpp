@@ -14,15 +14,15 @@ constexpr double b = 0.0007;  // m3/kg
 constexpr double k = 0.15;    // kJ m3/kg2
 constexpr double c = 0.8;     // kJ/(kg K)
 
-HelmholtzDerivatives van_der_waals(const double temp, const double dens) {
+Derivatives<double> van_der_waals(const double temp, const double dens) {
   const double free = 1.0 - b * dens;
-  HelmholtzDerivatives d;
+  Derivatives<double> d;
   d.a = r * temp * std::log(dens / free) - k * dens - c * temp * std::log(temp);
   d.a_t = r * std::log(dens / free) - c * (std::log(temp) + 1.0);
-  d.a_d = r * temp / (dens * free) - k;
   d.a_tt = -c / temp;
-  d.a_dd = -r * temp * (1.0 - 2.0 * b * dens) / (dens * dens * free * free);
-  d.a_td = r / (dens * free);
+  d.pv = r * temp / free - k * dens;
+  d.pv_t = r / free;
+  d.dpdd = r * temp / (free * free) - 2.0 * k * dens;
   return d;
 }
 
@@ -30,7 +30,7 @@ TEST(Properties, AgreeWithTheVanDerWaalsGas) {
   for (const double temp : {350.0, 900.0}) {
     for (const double dens : {0.5, 120.0, 600.0}) {
       SCOPED_TRACE(testing::Message() << temp << " K, " << dens << " kg/m3");
-      const HelmholtzDerivatives d = van_der_waals(temp, dens);
+      const Derivatives<double> d = van_der_waals(temp, dens);
       const double free = 1.0 - b * dens;
       const double p = dens * r * temp / free - k * dens * dens;
       const double p_d = r * temp / (free * free) - 2.0 * k * dens;
@@ -45,16 +45,15 @@ TEST(Properties, AgreeWithTheVanDerWaalsGas) {
       const Case cases[] = {
           {"pressure", pressure(d, dens), p},
           {"internal energy", internal_energy(d, temp), u},
-          {"enthalpy", enthalpy(d, temp, dens), u + p / dens},
+          {"enthalpy", enthalpy(d, temp), u + p / dens},
           {"entropy", entropy(d), s},
           {"cv", isochoric_heat_capacity(d, temp), c},
-          {"cp", isobaric_heat_capacity(d, temp, dens), cp},
-          {"sound speed", speed_of_sound(d, dens), std::sqrt(1000.0 * cp / c * p_d)},
-          {"dpdd", dpdd(d, dens), p_d},
+          {"cp", isobaric_heat_capacity(d, temp), cp},
+          {"sound speed squared", speed_of_sound_squared(d), 1000.0 * cp / c * p_d},
           {"dpdt", dpdt(d, dens), p_t},
           {"dhdd", dhdd(d, temp, dens), -k + p_d / dens - p / (dens * dens)},
-          {"dhdt", dhdt(d, temp, dens), c + p_t / dens},
-          {"dsdd", dsdd(d), -r / (dens * free)},
+          {"dhdt", dhdt(d, temp), c + p_t / dens},
+          {"dsdd", dsdd(d, dens), -r / (dens * free)},
           {"dsdt", dsdt(d), c / temp},
       };
       for (const Case& row : cases) {
@@ -62,10 +61,6 @@ TEST(Properties, AgreeWithTheVanDerWaalsGas) {
       }
     }
   }
-}
-
-TEST(Properties, SoundSpeedOfAnUnstableStateIsNan) {
-  EXPECT_TRUE(std::isnan(speed_of_sound({0.0, 0.0, 0.1, -0.01, -1.0, 0.0}, 400.0)));
 }
 
 }  // namespace

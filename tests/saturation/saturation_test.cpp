@@ -1,9 +1,14 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <random>
 
+#include "eos/element_locator.hpp"
+#include "eos/helmholtz.hpp"
+#include "eos/properties.hpp"
 #include "saturation/sat_density.hpp"
 #include "saturation/sat_pressure.hpp"
+#include "saturation/saturation_bounds.hpp"
 #include "tests/support/bits.hpp"
 #include "tests/support/csv.hpp"
 #include "tests/support/tolerance.hpp"
@@ -101,6 +106,79 @@ TEST(SatPressure, BothDirectionsFollowTheReference) {
   EXPECT_LT(worst_temp.error, test::tolerance::sat_temp_fit) << "at " << worst_temp.x << " kPa";
   EXPECT_LT(worst_pres.error, test::tolerance::sat_pres_fit) << "at " << worst_pres.x << " K";
   EXPECT_TRUE(std::isnan(calc_sat_pres(not_a_number)));
+}
+
+// ---- Bounds ------------------------------------------------------------------------------------
+
+/// Some values even between the ends, some closer and closer to where bins crowd, and the ends of
+/// their bins.
+template <class Bins, class Check>
+void for_bounded(const Bins& bins, const double lo, const double end, const Check& check) {
+  std::mt19937_64 engine(5);
+  std::uniform_real_distribution<double> unit(0.0, 1.0);
+  const auto at = [&](const double value) {
+    if (value >= lo && value < end) check(value);
+  };
+  for (int k = 0; k < 400000; ++k) {
+    at(lo + (end - lo) * unit(engine));
+    at(end - (end - lo) * std::exp(-20.0 * unit(engine)));
+    const double away = (unit(engine) < 0.5 ? -1.0 : 1.0) * std::exp(25.0 * unit(engine) - 18.0);
+    at(bins.center + away);
+    // Bins start where the leading bits of the distance change.
+    const double edge =
+        std::ldexp(std::floor(std::ldexp(away, 5 - std::ilogb(away))), std::ilogb(away) - 5);
+    at(bins.center + edge);
+    at(next_below(bins.center + edge));
+  }
+  at(lo);
+  at(next_below(end));
+}
+
+template <class Bound>
+bool enclosed(const double vap, const double liq, const Bound& bound) {
+  return vap >= bound.vap_lo && vap <= bound.vap_hi && liq >= bound.liq_lo && liq <= bound.liq_hi;
+}
+
+TEST(SaturationBounds, EncloseTheLineByTemperature) {
+  int narrow = 0;
+  for_bounded(temp_bins, temp_min, t_crit, [&](const double temp) {
+    const auto bin = temp_bins.find(temp);
+    const SaturatedDensityBounds& dens = saturated_density_bounds[bin];
+    const SaturationPressureBounds& pres = saturation_pressure_bounds[bin];
+    ASSERT_TRUE(enclosed(calc_sat_vap_dens(temp), calc_sat_liq_dens(temp), dens)) << temp;
+    ASSERT_TRUE(calc_sat_pres(temp) >= pres.lo && calc_sat_pres(temp) <= pres.hi) << temp;
+    narrow += dens.vap_hi - dens.vap_lo < 0.01 * (dens.liq_lo - dens.vap_hi) ? 1 : 0;
+  });
+  EXPECT_GT(narrow, 1000000);
+}
+
+TEST(SaturationBounds, EncloseTheLineByPressure) {
+  int narrow = 0;
+  for_bounded(pres_bins, 250.0, p_crit, [&](const double pres) {
+    const double temp = calc_sat_temp(pres);
+    const auto at = [&](const Region region, const double dens) {
+      return evaluate(element(element_locator.find(region, temp, dens)), temp, dens);
+    };
+    const auto vap = at(Region::vapour, calc_sat_vap_dens(temp));
+    const auto liq = at(Region::liquid, calc_sat_liq_dens(temp));
+    const auto bin = pres_bins.find(pres);
+    const SaturatedCaloricBounds& enth = saturated_enthalpy_bounds[bin];
+    ASSERT_TRUE(enclosed(enthalpy(vap, temp), enthalpy(liq, temp), enth)) << pres;
+    ASSERT_TRUE(enclosed(entropy(vap), entropy(liq), saturated_entropy_bounds[bin])) << pres;
+    narrow += enth.vap_hi - enth.vap_lo < 0.02 * (enth.vap_lo - enth.liq_hi) ? 1 : 0;
+  });
+  EXPECT_GT(narrow, 700000);
+}
+
+// Off the line nothing is decided; a NaN falls into such a bin.
+TEST(SaturationBounds, AreInfiniteOffTheLine) {
+  for (const double temp : {0.0, 239.0 - 100.0, 304.2, 1500.0, not_a_number}) {
+    EXPECT_EQ(saturated_density_bounds[temp_bins.find(temp)].vap_hi, test::infinity) << temp;
+  }
+  for (const double pres : {1.0, 7377.25, p_crit, 1e5, not_a_number}) {
+    EXPECT_EQ(saturated_enthalpy_bounds[pres_bins.find(pres)].liq_hi, test::infinity) << pres;
+    EXPECT_EQ(saturated_entropy_bounds[pres_bins.find(pres)].vap_lo, -test::infinity) << pres;
+  }
 }
 
 }  // namespace

@@ -160,36 +160,39 @@ TEST(StartValues, AreWithinTwoNewtonStepsOfTheState) {
 
 // ---- Cells -------------------------------------------------------------------------------------
 
-TEST(InverseCell, EveryCoefficientOfEnthalpyHasItsPowers) {
-  for (std::int32_t k = 0; k < inverse_terms; ++k) {
-    for (std::int32_t m = 0; m < inverse_terms; ++m) {
-      InverseCell cell = {100.0, 50.0, {}, 0};
-      cell.coef[k][m] = 3.0;
-      EXPECT_EQ(evaluate_in_enthalpy(cell, 102.0, 60.0), 3.0 * std::pow(10, k) * std::pow(2, m))
-          << "power " << k << " of the enthalpy offset, " << m << " of the pressure offset";
+/// The values of a cell with one coefficient of 3 alone: one by one and in lanes the same.
+template <InverseForm form>
+void expect_powers(const double (&in_pres)[inverse_terms], const double log_pres) {
+  for (std::int32_t m = 0; m < inverse_terms; ++m) {
+    for (std::int32_t k = 0; k < inverse_terms; ++k) {
+      InverseCell cell = {{}, 100.0, 0.5, 1.0, 0.0};
+      cell.coef[m][k] = 3.0;
+      const double expected = 3.0 * std::pow(10, k) * in_pres[m];
+      const InverseCell* const cells[] = {&cell, &cell, &cell, &cell};
+      Lanes4 check;
+      const auto lanes = evaluate_cells<form, Lanes4>(cells, Lanes4{1.0, 2.0, 102.0, 3.0},
+                                                      Lanes4{0.0, 1.0, 10.5, 2.0},
+                                                      Lanes4{0.0, 1.0, log_pres, 2.0}, check);
+      EXPECT_EQ(evaluate_cell<form>(cell, 102.0, 10.5, log_pres), expected)
+          << "power " << k << ", function " << m << " of the pressure";
+      EXPECT_EQ(lanes[2], expected) << "power " << k << ", function " << m << ", in lanes";
+      EXPECT_EQ(check[2], 1.0);
     }
   }
 }
 
-TEST(InverseCell, EveryCoefficientOfEntropyHasItsFunctions) {
+TEST(InverseCell, EveryCoefficientHasItsFunctions) {
   constexpr double log_pres = 0.75;  // not ln 102: the logarithm is an argument of its own
-  const double in_pres[] = {1.0, 2.0, 4.0, log_pres};
-  for (std::int32_t k = 0; k < inverse_terms; ++k) {
-    for (std::int32_t m = 0; m < inverse_terms; ++m) {
-      InverseCell cell = {100.0, 0.5, {}, 0};
-      cell.coef[k][m] = 3.0;
-      EXPECT_EQ(evaluate_in_entropy(cell, 102.0, log_pres, 10.5),
-                3.0 * std::pow(10, k) * in_pres[m])
-          << "power " << k << " of the entropy offset, function " << m << " of the pressure";
-    }
-  }
+  expect_powers<InverseForm::cubic>({1.0, 2.0, 4.0, 8.0}, log_pres);
+  expect_powers<InverseForm::logarithm>({1.0, 2.0, 4.0, log_pres}, log_pres);
 }
 
 TEST(InverseCell, TheLogarithmIsAddedLast) {
-  const InverseCell cell = {0.0, 0.0, {{-0x1p100, 0x1p50, 0.0, 0.5}}, 0};
-  EXPECT_EQ(evaluate_in_entropy(cell, 0x1p50, 1.5, 0.0), 0.75);
-  const InverseCell square = {0.0, 0.0, {{0.25, -0x1p700, 0x1p300, 0.0}}, 0};
-  EXPECT_EQ(evaluate_in_entropy(square, 0x1p400, 1.0, 0.0), 0.25) << "no square of the offset";
+  const InverseCell cell = {{{-0x1p100}, {0x1p50}, {0.0}, {0.5}}, 0.0, 0.0, 0.0, 0.0};
+  EXPECT_EQ(evaluate_cell<InverseForm::logarithm>(cell, 0x1p50, 0.0, 1.5), 0.75);
+  const InverseCell square = {{{0.25}, {-0x1p700}, {0x1p300}, {0.0}}, 0.0, 0.0, 0.0, 0.0};
+  EXPECT_EQ(evaluate_cell<InverseForm::logarithm>(square, 0x1p400, 0.0, 1.0), 0.25)
+      << "no square of the offset";
 }
 
 }  // namespace

@@ -18,7 +18,7 @@ double relative(const double value, const long double expected) {
 
 std::string patch_name(const char* table, const PatchFit& fit, const double temp,
                        const double dens) {
-  return std::string(table) + " patch " + std::to_string(find_cell(fit.map, temp, dens));
+  return std::string(table) + " patch " + std::to_string(fit.map->find(temp, dens));
 }
 
 }  // namespace

@@ -48,8 +48,8 @@ bool reached(const TableCells& table, const double temp, const double dens) {
   double heat = 0.0;
   co2_td(temp, dens, ierr, {.cv = &heat});
   if (ierr != status::success) return false;
-  if (table.map == &vapour_map) return dens <= calc_sat_vap_dens(temp);
-  if (table.map == &liquid_map) return dens >= calc_sat_liq_dens(temp);
+  if (table.tiling == &vapour_tiling) return dens <= calc_sat_vap_dens(temp);
+  if (table.tiling == &liquid_tiling) return dens >= calc_sat_liq_dens(temp);
   return true;
 }
 
@@ -59,17 +59,16 @@ using ElementJumps = std::map<std::tuple<std::string, std::string, std::string>,
 void note_elements(ElementJumps& jumps, const std::string& region, const std::string& edge,
                    const std::int32_t low, const std::int32_t high, const double temp,
                    const double dens) {
-  const HelmholtzDerivatives a = element_derivatives(low, temp, dens);
-  const HelmholtzDerivatives b = element_derivatives(high, temp, dens);
+  const Derivatives<double> a = evaluate(element(low), temp, dens);
+  const Derivatives<double> b = evaluate(element(high), temp, dens);
   const bool box = near_critical_box.contains(temp, dens);
   const std::string where = box ? "critical box" : region;
   const auto name = [&] { return fmt::format("elements {} and {}", low, high); };
   const double step = pressure(b, dens) - pressure(a, dens);
-  const double scale = box ? pressure(a, dens) : dens * co2_properties::dpdd(a, dens);
+  const double scale = box ? pressure(a, dens) : dens * a.dpdd;
   jumps[{where, edge, box ? "p, relative" : "density, relative"}].note(step / scale, temp, dens,
                                                                        name);
-  jumps[{where, edge, "h, kJ/kg"}].note(enthalpy(b, temp, dens) - enthalpy(a, temp, dens), temp,
-                                        dens, name);
+  jumps[{where, edge, "h, kJ/kg"}].note(enthalpy(b, temp) - enthalpy(a, temp), temp, dens, name);
   jumps[{where, edge, "s, kJ/(kg K)"}].note(entropy(b) - entropy(a), temp, dens, name);
 }
 
@@ -127,10 +126,10 @@ std::pair<Worst, Worst> jumps_between_patches(const PatchTable& table) {
 }
 
 double from_element(const std::string& table, const double temp, const double dens) {
-  const HelmholtzDerivatives d = element_derivatives(element_of(temp, dens), temp, dens);
-  if (table == "cp") return isobaric_heat_capacity(d, temp, dens);
+  const Derivatives<double> d = evaluate(element(element_of(temp, dens)), temp, dens);
+  if (table == "cp") return isobaric_heat_capacity(d, temp);
   if (table == "cv") return isochoric_heat_capacity(d, temp);
-  return speed_of_sound(d, dens);
+  return std::sqrt(speed_of_sound_squared(d));
 }
 
 /// Largest jump on the border of the box in which a fit serves.
@@ -142,7 +141,7 @@ Worst jump_at_border(const PatchTable& table) {
     if (!reached(box, temp, dens)) return;
     const double patch = evaluate_fit(*table.fit, temp, dens);
     worst.note(patch / from_element(box.name, temp, dens) - 1.0, temp, dens, [&] {
-      return fmt::format("patch {} and element {}", find_cell(table.fit->map, temp, dens),
+      return fmt::format("patch {} and element {}", table.fit->map->find(temp, dens),
                          element_of(temp, dens));
     });
   };

@@ -96,16 +96,14 @@ class Sampler {
 
   State in_random_cell() {
     const TableCells& table = all_tables[engine_() % std::size(all_tables)];
-    const auto pick = [&](const Axis& axis, const Span& served) {
+    const auto pick = [&](const std::span<const double> edges, const Span& served) {
       for (;;) {
-        const auto intervals = static_cast<std::uint64_t>(axis.count) + 1;
-        const auto k = static_cast<std::int32_t>(engine_() % intervals);
-        const Span span = interval_of(axis, k, served);
+        const Span span = interval_of(edges, engine_() % (edges.size() + 1), served);
         if (span.lo < span.hi) return uniform(span.lo, span.hi);
       }
     };
-    const double temp = pick(table.map->x, {table.temp_lo, table.temp_hi});
-    return {temp, pick(table.map->y, {table.dens_lo, table.dens_hi})};
+    const double temp = pick(table.temp_edges(), {table.temp_lo, table.temp_hi});
+    return {temp, pick(table.dens_edges(), {table.dens_lo, table.dens_hi})};
   }
 
   std::mt19937_64 engine_;

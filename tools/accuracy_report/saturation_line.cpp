@@ -26,8 +26,8 @@ SaturationErrors errors_at(const double temp) {
   e.vap = relative(e.dens_vap, ref.dens_vap);
   e.pres = relative(calc_sat_pres(temp), ref.pres);
   e.temp_of_pres = calc_sat_temp(static_cast<double>(ref.pres)) - temp;
-  const auto pressure_at = [&](const std::int32_t element, const double dens) {
-    return pressure(element_derivatives(element, temp, dens), dens);
+  const auto pressure_at = [&](const std::int32_t index, const double dens) {
+    return pressure(evaluate(element(index), temp, dens), dens);
   };
   e.pres_gap = pressure_at(liq_index_from_td(temp, e.dens_liq), e.dens_liq) /
                    pressure_at(vap_index_from_td(temp, e.dens_vap), e.dens_vap) -

@@ -6,19 +6,17 @@
 
 #include "accuracy_report/errors.hpp"
 #include "api/co2_properties.hpp"
-#include "eos/element.hpp"
-#include "eos/properties.hpp"
+#include "eos/helmholtz.hpp"
 #include "fits/near_critical.hpp"
 
 namespace co2_properties::accuracy {
 namespace {
 
-constexpr std::int32_t first_liquid = 94;
 constexpr std::int32_t first_supercritical = 223;
 
 void note(SmallestSlope& group, const std::int32_t e, const double temp, const double dens) {
-  const HelmholtzDerivatives d = element_derivatives(e, temp, dens);
-  const double slope = dens * co2_properties::dpdd(d, dens) / pressure(d, dens);
+  const Derivatives<double> d = evaluate(element(e), temp, dens);
+  const double slope = d.dpdd / d.pv;
   ++group.points;
   if (!(slope > 0.0)) {
     const bool first = group.not_positive++ == 0;

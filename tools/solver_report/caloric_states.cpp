@@ -96,17 +96,18 @@ FullState CaloricSource::by_density(const CaloricStratumIndex stratum) {
   return state;
 }
 
-CaloricSource::Inputs CaloricSource::at_cell_edge(const InverseFit& temp_fit,
-                                                  const InverseFit& dens_fit,
+CaloricSource::Inputs CaloricSource::at_cell_edge(const Tiling& temp_tiling,
+                                                  const Tiling& dens_tiling,
                                                   double FullState::*caloric) {
   for (;;) {
-    const CellMap& map = (source_.coin() ? temp_fit : dens_fit).map;
+    const Tiling& tiling = source_.coin() ? temp_tiling : dens_tiling;
     const FullState state = by_density(source_.below(4) == 0 ? two_phases : any_log_density);
     Inputs in = {state.pres, state.*caloric};
     const bool at_pressure = source_.coin();
-    const Axis& axis = at_pressure ? map.x : map.y;
-    const auto edge = source_.below(static_cast<std::uint64_t>(axis.count));
-    (at_pressure ? in.pres : in.caloric) = source_.close_to(axis.edges[edge]);
+    const double* const edges = at_pressure ? tiling.x_edges : tiling.y_edges;
+    const std::int32_t count = at_pressure ? tiling.x_count : tiling.y_count;
+    const auto edge = source_.below(static_cast<std::uint64_t>(count));
+    (at_pressure ? in.pres : in.caloric) = source_.close_to(edges[edge]);
     if (in_domain(in.pres, in.caloric, caloric)) return in;
   }
 }

@@ -67,9 +67,9 @@ class CaloricSource {
   struct Inputs {
     double pres, caloric;
   };
-  /// Inputs on or next to an edge of one of the two start-value fits, within the limits.
+  /// Inputs on or next to an edge of one of two start-value fits, within the limits.
   /// \param caloric  the property of the fits
-  [[nodiscard]] Inputs at_cell_edge(const InverseFit& temp_fit, const InverseFit& dens_fit,
+  [[nodiscard]] Inputs at_cell_edge(const Tiling& temp_tiling, const Tiling& dens_tiling,
                                     double FullState::*caloric);
 
  private:

@@ -73,15 +73,11 @@ double draw(const Quantity& q, const bool any_bits, Draws& draws) {
 
 // ---- Search ------------------------------------------------------------------------------------
 
-struct Form {
-  const char* name;
-  const BatchEntries* entries;  ///< null: single calls
-};
-std::vector<Form> forms() {
-  std::vector<Form> found = {{"single", nullptr}};
-  const InstructionSets machine = instruction_sets();
-  if (machine.avx2 && four_lanes != nullptr) found.push_back({"AVX2", four_lanes});
-  if (machine.avx512f && eight_lanes != nullptr) found.push_back({"AVX-512", eight_lanes});
+std::vector<Level> levels_here() {
+  std::vector<Level> found;
+  for (const Level& level : levels(instruction_sets()).level) {
+    if (level.runs) found.push_back(level);
+  }
   return found;
 }
 
@@ -112,7 +108,7 @@ struct Found {
   const char* form = "";
   Inputs in{};  ///< of the last one, or of the start of its batch
 
-  void note(const Form& at, const double first, const double second) {
+  void note(const Level& at, const double first, const double second) {
     ++raised;
     form = at.name;
     in = {first, second};
@@ -125,7 +121,7 @@ struct Found {
 };
 
 /// Counts the calls that leave a flag behind.
-Found search_chunk(const std::size_t plane, const std::size_t kind, const Form& form,
+Found search_chunk(const std::size_t plane, const std::size_t kind, const Level& form,
                    const std::uint64_t seed, const bool trap) {
   Draws draws(seed);
   Found found;
@@ -140,15 +136,15 @@ Found search_chunk(const std::size_t plane, const std::size_t kind, const Form& 
       second[k] = in.second;
     }
     const Traps traps(trap);
-    if (form.entries != nullptr) {
-      (form.entries->*input_planes[plane].batch)(
-          {{first, batch_size}, {second, batch_size}, {out.ierr, batch_size}, spans});
+    const Batch states = {{first, batch_size}, {second, batch_size}, {out.ierr, batch_size}, spans};
+    if (form.entries != &one_by_one) {
+      (form.entries->*input_planes[plane].batch)(states);
       if (std::fetestexcept(unwanted_exceptions) != 0) found.note(form, first[0], second[0]);
       continue;
     }
-    OutputCursor cursor(spans);
+    BlockOutputs outputs(states);
     for (std::size_t k = 0; k < batch_size; ++k) {
-      input_planes[plane].single(first[k], second[k], out.ierr[k], cursor.at(k));
+      input_planes[plane].single(first[k], second[k], out.ierr[k], outputs.of_state(k));
       if (std::fetestexcept(unwanted_exceptions) == 0) continue;
       found.note(form, first[k], second[k]);
       std::feclearexcept(unwanted_exceptions);
@@ -158,12 +154,12 @@ Found search_chunk(const std::size_t plane, const std::size_t kind, const Form& 
 }
 
 /// \return whether nothing was raised
-bool search(const std::size_t plane, const std::size_t kind, const std::vector<Form>& all_forms,
+bool search(const std::size_t plane, const std::size_t kind, const std::vector<Level>& all_forms,
             const std::uint64_t states, const Options& options) {
   const std::uint64_t chunks = 1 + states / (batch_size * batches_in_chunk * all_forms.size());
   std::uint64_t seed = ((options.seed * plane_count + plane) << 32U) + (kind << 24U);
   Found all;
-  for (const Form& form : all_forms) {
+  for (const Level& form : all_forms) {
     std::vector<Found> results(chunks);
     tablegen::for_each_index(chunks, options.threads, [&](const std::size_t chunk) {
       results[chunk] = search_chunk(plane, kind, form, seed + chunk, options.trap);
@@ -184,9 +180,9 @@ bool search(const std::size_t plane, const std::size_t kind, const std::vector<F
 }  // namespace
 
 bool report_exceptions(const Options& options) {
-  const std::vector<Form> all_forms = forms();
+  const std::vector<Level> all_forms = levels_here();
   fmt::print("Forms:");
-  for (const Form& form : all_forms) fmt::print(" {}", form.name);
+  for (const Level& form : all_forms) fmt::print(" {}", form.name);
   fmt::print("\n\n{:<8}{:<36}{:>12}{:>10}\n", "entry", "inputs", "count", "raised");
   bool good = true;
   for (std::size_t plane = 0; plane < plane_count; ++plane) {

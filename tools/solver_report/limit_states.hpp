@@ -9,7 +9,6 @@
 
 #include "api/batch/levels.hpp"
 #include "api/co2_properties.hpp"
-#include "api/entries/places.hpp"
 #include "solver_report/states.hpp"
 
 namespace co2_properties::solver_report {

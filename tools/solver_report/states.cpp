@@ -6,7 +6,7 @@
 
 #include "co2_properties.hpp"
 #include "eos/element.hpp"
-#include "eos/locate_tp.hpp"
+#include "eos/pressure_locator.hpp"
 
 namespace co2_properties::solver_report {
 
@@ -86,10 +86,11 @@ StateSource::Inputs StateSource::by_pressure(const StratumIndex stratum) {
     default: {
       const Element& e = elements[below(element_count)];
       const double temp = uniform(e.temp0, e.temp0 + e.temp_width);
-      const TpMap& map = temp >= t_crit ? supercritical_tp_map
-                         : coin()       ? vapour_tp_map
-                                        : liquid_tp_map;
-      const auto column = interval(map.temp, temp);
+      const PressureTiling& map = temp >= t_crit ? supercritical_tp_tiling
+                                  : coin()       ? vapour_tp_tiling
+                                                 : liquid_tp_tiling;
+      const double* const edges = map.temp_edges;
+      const auto column = std::upper_bound(edges, edges + map.edge_count, temp) - edges;
       const auto rows = static_cast<std::uint64_t>(map.first[column + 1] - map.first[column]);
       const TpRow& row = map.rows[map.first[column] + 1 + static_cast<int>(below(rows - 1))];
       const double pres = close_to(evaluate_curve(map.curves[row.curve], temp));

@@ -102,7 +102,7 @@ struct Tally {
   std::array<std::uint64_t, 17> histogram{};
   std::map<std::int32_t, std::uint64_t> failed_elements;
   std::map<std::int32_t, std::uint64_t> misplaced_elements;  ///< by located element
-  Worst dens, edge_dens, flat_dens, pres, failed, flipped, misplaced;
+  Worst dens, edge_dens, flat_dens, stated_dens, pres, failed, flipped, misplaced;
 
   void add(const Tally& t) {
     for (std::size_t s = 0; s < stratum_count; ++s) strata[s].add(t.strata[s]);
@@ -112,6 +112,7 @@ struct Tally {
     dens.add(t.dens);
     edge_dens.add(t.edge_dens);
     flat_dens.add(t.flat_dens);
+    stated_dens.add(t.stated_dens);
     pres.add(t.pres);
     failed.add(t.failed);
     flipped.add(t.flipped);
@@ -142,14 +143,19 @@ bool at_density_edge(const double dens, const std::int32_t e) {
 
 bool is_vapour(const std::int32_t e) { return e <= 93; }
 
-/// Counts where the iteration starts and ends.
-void count_iteration(const State& state, const std::int32_t first, const std::size_t stratum,
-                     Tally& tally) {
+/// Counts where the iteration starts and ends, and compares it with what the entry found, perhaps
+/// without it.
+void count_iteration(const State& state, const double found, const std::int32_t first,
+                     const std::size_t stratum, Tally& tally) {
   const DensitySolution s = solve_density(first, state.temp, state.pres);
   Counts& counts = tally.strata[stratum];
   counts.evaluations += static_cast<std::uint64_t>(s.evaluations);
   ++tally.histogram[static_cast<std::size_t>(s.evaluations)];
   const Element& e = element(first);
+  if (state.dens * state.dpdd > firm_slope && !at_density_edge(found, s.element)) {
+    const double size = std::abs(s.dens / found - 1.0);
+    tally.stated_dens.note({size, state, found, s.element, first, stratum});
+  }
   if (keeps_element(s.dens - e.dens0, e.dens_width)) return;
   ++counts.misplaced;
   ++tally.misplaced_elements[first];
@@ -180,7 +186,7 @@ void round_trip(const State& state, const std::size_t stratum, Tally& tally) {
     ++(ierr == status::tp_not_converged ? counts.not_converged : counts.other_codes);
     return;
   }
-  count_iteration(state, first, stratum, tally);
+  count_iteration(state, dens, first, stratum, tally);
   Case by_pressure = found;
   by_pressure.size = std::abs(pres / state.pres - 1.0);
   tally.pres.note(by_pressure);
@@ -222,7 +228,7 @@ void from_pressure(const StateSource::Inputs& in, const std::size_t stratum, Tal
     ++tally.failed_elements[first];
     tally.failed.note({0.0, state, dens, first, first, stratum});
   } else {
-    count_iteration(state, first_element(in.temp, in.pres), stratum, tally);
+    count_iteration(state, dens, first_element(in.temp, in.pres), stratum, tally);
   }
 }
 
@@ -297,6 +303,7 @@ bool print_round_trips(const Tally& tally) {
   tally.dens.print("Density, relative:");
   tally.edge_dens.print("Density, relative, at density edges:");
   tally.flat_dens.print("Density, relative, where rho dp/drho is at most 1 kPa:");
+  tally.stated_dens.print("Density, relative, of the iteration alone:");
   tally.pres.print("Pressure, relative:");
   tally.flipped.print("Other side of saturation, distance from the saturation pressure, relative:");
 
@@ -311,6 +318,8 @@ bool print_round_trips(const Tally& tally) {
                 0.0, all.other_codes == 0);
   good &= check("Density off density edges, where rho dp/drho > 1 kPa", tally.dens.largest(),
                 dens_bound, tally.dens.largest() <= dens_bound);
+  good &= check("The same, of the iteration against the entry", tally.stated_dens.largest(),
+                dens_bound, tally.stated_dens.largest() <= dens_bound);
   good &= check("Pressure after a round trip", tally.pres.largest(), pres_bound,
                 tally.pres.largest() <= pres_bound);
   good &= check("Share of states inside the located element", located, located_bound,

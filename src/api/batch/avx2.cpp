@@ -4,64 +4,45 @@
 
 #include "api/batch/levels.hpp"
 
-// Clang would not pass vectors through the templates that are shared with single states.
-#if defined(__x86_64__) && defined(__GNUC__) && !defined(__clang__)
+#if defined(__x86_64__) && defined(__GNUC__)
 
-// No vector is passed to another file.
-#pragma GCC diagnostic ignored "-Wpsabi"
-
-#include <immintrin.h>
-
-#include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
+#include <limits>
+#include <new>
+#include <type_traits>
 #include <utility>
 
 #include "api/co2_properties.hpp"
-#include "api/entries/places.hpp"
-#include "api/entries/state_writer.hpp"
-#include "eos/helmholtz.hpp"
-#include "eos/properties.hpp"
-#include "eos/property_types.hpp"
-#include "fits/near_critical.hpp"
-#include "saturation/phase.hpp"
-#include "solvers/relocate.hpp"
-#include "solvers/solve_caloric.hpp"
-#include "solvers/solve_density.hpp"
 
 // From here on only: inline functions of the headers above, of which the linker keeps any copy,
 // have to run on every machine.
+#define CO2_TARGET_AVX
+#if defined(__clang__)
+#pragma clang attribute push(__attribute__((target("avx2"))), apply_to = function)
+#else
 #pragma GCC target("avx2")
+#endif
+
+#include "numbers/lanes.hpp"
 
 namespace co2_properties {
 namespace {
 
-constexpr std::size_t lane_count = 4;
-
-inline __m256d lane_root(const __m256d x) { return _mm256_sqrt_pd(x); }
-
-/// Two numbers from each of pair_of(0), pair_of(1), ...: the first ones and the second ones.
-template <class PairOf>
-inline void gather_pairs(const PairOf& pair_of, __m256d& firsts, __m256d& seconds) {
-  const auto load = [&](const std::size_t k) {
-    return _mm256_insertf128_pd(_mm256_castpd128_pd256(_mm_load_pd(pair_of(k))),
-                                _mm_load_pd(pair_of(k + 2)), 1);
-  };
-  const __m256d even = load(0);
-  const __m256d odd = load(1);
-  firsts = _mm256_unpacklo_pd(even, odd);
-  seconds = _mm256_unpackhi_pd(even, odd);
-}
+using V = Lanes4;
 
 }  // namespace
 }  // namespace co2_properties
 
-#include "api/batch/lanes.hpp"
+#include "api/batch/blocks.hpp"
+
+#if defined(__clang__)
+#pragma clang attribute pop
+#endif
 
 namespace co2_properties {
 
-constexpr const BatchEntries* four_lanes = &lane_entries;
+constexpr const BatchEntries* avx2_lanes = &block_entries;
 
 }  // namespace co2_properties
 
@@ -69,7 +50,7 @@ constexpr const BatchEntries* four_lanes = &lane_entries;
 
 namespace co2_properties {
 
-constexpr const BatchEntries* four_lanes = nullptr;
+constexpr const BatchEntries* avx2_lanes = nullptr;
 
 }  // namespace co2_properties
 

@@ -2,11 +2,11 @@
 
 #include "co2_properties/batch.hpp"
 
+#include <cstring>
 #include <iterator>
 
 #include "api/batch/levels.hpp"
 #include "api/co2_properties.hpp"
-#include "api/entries/places.hpp"
 
 namespace co2_properties {
 namespace {
@@ -45,11 +45,11 @@ bool lengths_agree(const Input& first, const Input& second, const Codes& ierr,
   return agree;
 }
 
-template <auto entry>
+template <SingleEntry entry>
 void run_one_by_one(const Batch& batch) noexcept {
-  OutputCursor outputs(batch.out);
+  BlockOutputs outputs(batch);
   for (std::size_t i = 0; i < batch.first.size(); ++i) {
-    entry(batch.first[i], batch.second[i], batch.ierr[i], outputs.at(i));
+    entry(batch.first[i], batch.second[i], batch.ierr[i], outputs.of_state(i));
   }
 }
 
@@ -61,18 +61,45 @@ bool run(const BatchEntries::Run BatchEntries::*const entry, const Batch& batch)
 
 }  // namespace
 
-OutputCursor::OutputCursor(const BatchOutputSet& out) noexcept {
+BlockOutputs::BlockOutputs(const Batch& batch) noexcept : batch_(batch) {
   for (const auto& [array, value] : output_pairs) {
-    if ((out.*array).data() == nullptr) continue;
+    const Output& output = batch.out.*array;
+    if (output.data() == nullptr) continue;
+    buffers_.*value = values_[count_];
     slots_[count_] = &(one_.*value);
-    arrays_[count_] = &(out.*array);
+    arrays_[count_] = &output;
+    in_a_row_ = in_a_row_ && output.stride() == 1;
     ++count_;
   }
 }
 
-constexpr BatchEntries one_by_one = {
-    run_one_by_one<SingleEntry{co2_td}>, run_one_by_one<SingleEntry{co2_tp}>,
-    run_one_by_one<SingleEntry{co2_ph}>, run_one_by_one<SingleEntry{co2_ps}>};
+void BlockOutputs::hand_over(const std::size_t start, const std::uint8_t* const index,
+                             const std::int32_t count, const std::int32_t code,
+                             const bool from_buffers) const noexcept {
+  const bool in_a_row = index[count - 1] - index[0] == count - 1;
+  for (std::int32_t k = 0; from_buffers && k < count_; ++k) {
+    const Output& to = *arrays_[k];
+    const double* const from = values_[k];
+    if (in_a_row && to.stride() == 1) {
+      std::memcpy(&to[start + index[0]], from, static_cast<std::size_t>(count) * sizeof(double));
+      continue;
+    }
+    for (std::int32_t j = 0; j < count; ++j) to[start + index[j]] = from[j];
+  }
+  if (in_a_row && batch_.ierr.stride() == 1 && code == status::success) {
+    std::memset(&batch_.ierr[start + index[0]], 0, static_cast<std::size_t>(count) * sizeof code);
+  } else {
+    for (std::int32_t j = 0; j < count; ++j) batch_.ierr[start + index[j]] = code;
+  }
+}
+
+const OutputSet& BlockOutputs::of_state(const std::size_t i) noexcept {
+  for (std::int32_t k = 0; k < count_; ++k) *slots_[k] = &(*arrays_[k])[i];
+  return one_;
+}
+
+constexpr BatchEntries one_by_one = {run_one_by_one<co2_td>, run_one_by_one<co2_tp>,
+                                     run_one_by_one<co2_ph>, run_one_by_one<co2_ps>};
 
 InstructionSets instruction_sets() noexcept {
 #if defined(__x86_64__) && defined(__GNUC__)
@@ -83,10 +110,18 @@ InstructionSets instruction_sets() noexcept {
 #endif
 }
 
+Levels levels(const InstructionSets machine) noexcept {
+  return {{{"one by one", &one_by_one, true},
+           {"AVX2", avx2_lanes, machine.avx2 && avx2_lanes != nullptr},
+           {"AVX-512", avx512_lanes, machine.avx512f && avx512_lanes != nullptr}}};
+}
+
 const BatchEntries& widest_entries(const InstructionSets machine) noexcept {
-  if (machine.avx512f && eight_lanes != nullptr) return *eight_lanes;
-  if (machine.avx2 && four_lanes != nullptr) return *four_lanes;
-  return one_by_one;
+  const BatchEntries* widest = &one_by_one;
+  for (const Level& level : levels(machine).level) {
+    if (level.runs) widest = level.entries;
+  }
+  return *widest;
 }
 
 bool co2_td_batch(const Input temp, const Input dens, const Codes ierr,

@@ -1,17 +1,12 @@
 #pragma once
 // States from pressure and a caloric property: what `co2_ph` and `co2_ps` share.
 //
-// The templates take the entry as a type, see co2_ph.cpp. It has
-//   Property                          the caloric property, a type of eos/property_types.hpp
-//   codes                             what the entry reports
-//   least, greatest                   between which start values are finite, beyond all states
-//   start(caloric, pres, temp, dens)  start values; returns whether the state may be two-phase
-//   write_mixture(...)                writes a two-phase state and returns its code
+// The templates take the pair of inputs as a type, see caloric.hpp.
 
-#include <cmath>
 #include <cstdint>
+#include <limits>
 
-#include "api/entries/places.hpp"
+#include "api/entries/caloric.hpp"
 #include "api/entries/state_writer.hpp"
 #include "co2_properties/limits.hpp"
 #include "co2_properties/status.hpp"
@@ -19,30 +14,12 @@
 #include "eos/locate_td.hpp"
 #include "eos/locate_tp.hpp"
 #include "saturation/phase.hpp"
+#include "saturation/tie_line.hpp"
 #include "solvers/relocate.hpp"
 #include "solvers/solve_caloric.hpp"
 #include "solvers/solve_density.hpp"
 
 namespace co2_properties {
-
-/// The codes that an entry reports.
-struct CaloricCodes {
-  std::int32_t temp_below_min;
-  std::int32_t temp_above_max;
-  std::int32_t pres_below_min;
-  std::int32_t pres_above_max;
-  std::int32_t not_converged;
-  std::int32_t two_phase;
-  std::int32_t loosely_converged;
-};
-inline constexpr CaloricCodes ph_codes = {status::ph_temp_below_min,   status::ph_temp_above_max,
-                                          status::ph_pres_below_min,   status::ph_pres_above_max,
-                                          status::ph_not_converged,    status::ph_two_phase,
-                                          status::ph_loosely_converged};
-inline constexpr CaloricCodes ps_codes = {status::ps_temp_below_min,   status::ps_temp_above_max,
-                                          status::ps_pres_below_min,   status::ps_pres_above_max,
-                                          status::ps_not_converged,    status::ps_two_phase,
-                                          status::ps_loosely_converged};
 
 // ---- Outside the range --------------------------------------------------------------------------
 
@@ -52,17 +29,18 @@ template <class Property>
 [[nodiscard]] double caloric_on_isobar(const std::int32_t first, const double temp,
                                        const double pres) noexcept {
   const DensitySolution s = solve_density(first, temp, pres);
-  return Property::value(evaluate(s.isotherm, s.dens, std::log(s.dens)), temp, s.dens);
+  return Property::value(evaluate(s.isotherm, s.dens, logarithm(s.dens)), temp);
 }
 
 /// The code of a property that no state of the range has at its pressure: where it lies to the
 /// coldest and to the hottest one decides, not where an iteration ended.
 /// \param temp  K, decides where rounding alone has led out of the range
 template <class Entry>
-[[nodiscard, gnu::noinline]] std::int32_t code_outside(const double pres, const double caloric,
-                                                       const double temp) noexcept {
+[[nodiscard]] std::int32_t code_outside(const double pres, const double caloric,
+                                        const double temp) noexcept {
   constexpr CaloricCodes codes = Entry::codes;
-  if (!std::isfinite(pres) || !std::isfinite(caloric)) return codes.not_converged;
+  constexpr double infinity = std::numeric_limits<double>::infinity();
+  if (!(absolute(pres) < infinity && absolute(caloric) < infinity)) return codes.not_converged;
   const std::int32_t coldest =
       pres < pres_sat_min ? vap_index_from_tp(temp_min, pres) : liq_index_from_tp(temp_min, pres);
   if (caloric < caloric_on_isobar<typename Entry::Property>(coldest, temp_min, pres))
@@ -75,69 +53,97 @@ template <class Entry>
   return codes.not_converged;
 }
 
-// ---- Where to look -----------------------------------------------------------------------------
+// ---- The stated road ---------------------------------------------------------------------------
 
+/// Solves, evaluates and writes a single phase.
+/// \param first       element to start with
+/// \param temp, dens  start values
 template <class Entry>
-[[nodiscard]] CaloricStart start_caloric(const double pres, const double caloric) noexcept {
-  using Property = typename Entry::Property;
-  CaloricStart s;
-  if (pres < pres_min || pres > pres_max) {
-    s.code = pres < pres_min ? Entry::codes.pres_below_min : Entry::codes.pres_above_max;
-    return s;
-  }
-  // Farther out not even the start values are finite. True for NaN.
-  if (!(caloric > Entry::least && caloric < Entry::greatest)) {
-    s.code = code_outside<Entry>(pres, caloric, s.temp);
-    return s;
-  }
-  if (!Entry::start(caloric, pres, s.temp, s.dens)) {
-    s.element = relocate(s.temp, s.dens);
-    return s;
-  }
-  const double temp_sat = calc_sat_temp(pres);
-  const double dens_vap = calc_sat_vap_dens(temp_sat);
-  if (!(dens_vap > 0.0)) {  // far below its cold end the extrapolated saturation line ends
-    s.element = vap_index_from_td(temp_sat, dens_vap);
-    return s;
-  }
-  s.vap = saturated_vapour(temp_sat, dens_vap);
-  const double caloric_vap = Property::value(s.vap.d, temp_sat, s.vap.dens);
-  s.element = s.vap.element;
-  if (!(caloric < caloric_vap)) return s;
-  s.liq = saturated_liquid(temp_sat, calc_sat_liq_dens(temp_sat));
-  const double caloric_liq = Property::value(s.liq.d, temp_sat, s.liq.dens);
-  s.element = s.liq.element;
-  if (!(caloric > caloric_liq)) return s;
-  s.is_mixture = true;
-  s.temp = temp_sat;
-  s.qual = (caloric - caloric_liq) / (caloric_vap - caloric_liq);
-  s.dens = s.vap.dens * s.liq.dens / (s.vap.dens + s.qual * (s.liq.dens - s.vap.dens));
-  return s;
-}
-
-// ---- Entry -------------------------------------------------------------------------------------
-
-/// \param start  what `start_caloric` found for the same pressure and property
-template <class Entry>
-void finish_caloric(const CaloricStart& start, const double pres, const double caloric,
-                    std::int32_t& ierr, const OutputSet& out) noexcept {
-  constexpr CaloricCodes codes = Entry::codes;
-  if (start.code != status::success) return fail(start.code, ierr, out);
-  ierr = status::success;
-  if (start.is_mixture) {
-    ierr = Entry::write_mixture(start.temp, start.dens, start.qual, start.liq, start.vap, out);
-    return;
-  }
+void finish_single(const std::int32_t first, const double temp, const double dens,
+                   const double pres, const double caloric, std::int32_t& ierr,
+                   const OutputSet& out) noexcept {
   const CaloricTarget target = caloric_target(pres, caloric);
-  const CaloricSolution s =
-      solve_caloric<typename Entry::Property>(target, start.element, start.temp, start.dens);
+  const CaloricSolution s = solve_caloric<typename Entry::Property>(target, first, temp, dens);
   const Agreement agreement = judge_agreement(s, target);
-  if (agreement == Agreement::loose) ierr = codes.loosely_converged;
   if (agreement == Agreement::none || !s.served || !(s.temp >= temp_min && s.temp <= temp_max) ||
       !has_phase(pres, s.temp, s.dens)) {
     return fail(code_outside<Entry>(pres, caloric, s.temp), ierr, out);
   }
-  write_single_phase(s.d, s.temp, s.dens, pres, SaturatedDensities{}, out);
+  ierr = agreement == Agreement::loose ? Entry::codes.loosely_converged : status::success;
+  const auto state = SinglePhase<double>::of(s.d, s.temp, s.dens, pres, true);
+  write_single_phase(OutputWriter(out), &state, 1);
+}
+
+/// Writes a mixture at a saturation temperature, K.
+template <class Entry>
+[[gnu::always_inline]] inline void finish_mixture(const double temp, const double caloric,
+                                                  const SaturatedPhase<double>& liq,
+                                                  const SaturatedPhase<double>& vap,
+                                                  std::int32_t& ierr,
+                                                  const OutputSet& out) noexcept {
+  write_mixture<Entry::mixture_transport>(
+      OutputWriter(out), mixture_from_caloric<typename Entry::Property>(temp, caloric, liq, vap));
+  ierr = code_of_mixture<Entry>(out);
+}
+
+/// All states: limits and phase are decided as documented, and Newton's method goes on until it
+/// meets both inputs.
+template <class Entry>
+[[gnu::noinline]] void take_stated_road(const double pres, const double caloric, std::int32_t& ierr,
+                                        const OutputSet& out) noexcept {
+  using Property = typename Entry::Property;
+  if (pres < pres_min) return fail(Entry::codes.pres_below_min, ierr, out);
+  if (pres > pres_max) return fail(Entry::codes.pres_above_max, ierr, out);
+  // Farther out not even the start values are finite. True for NaN.
+  if (!(caloric > Entry::least && caloric < Entry::greatest))
+    return fail(code_outside<Entry>(pres, caloric, 0.0), ierr, out);
+  const auto finish = [&](const std::int32_t first, const StartState<double>& from) {
+    finish_single<Entry>(first, from.temp, from.dens, pres, caloric, ierr, out);
+  };
+  const StartState<double> start = Entry::template start<double>(caloric, pres);
+  if (!start.may_be_mixture) return finish(relocate(start.temp, start.dens), start);
+  const double temp = calc_sat_temp(pres);
+  const double dens_vap = calc_sat_vap_dens(temp);
+  const std::int32_t vapour = vap_index_from_td(temp, dens_vap);
+  // Far below its cold end the extrapolated saturation line ends.
+  if (!(dens_vap > 0.0)) return finish(vapour, start);
+  const SaturatedPhase<double> vap = saturated_vapour(temp);
+  if (!(caloric < Property::value(vap.d, temp))) return finish(vapour, start);
+  const SaturatedPhase<double> liq = saturated_liquid(temp);
+  if (!(caloric > Property::value(liq.d, temp)))
+    return finish(liq_index_from_td(temp, liq.dens), start);
+  finish_mixture<Entry>(temp, caloric, liq, vap, ierr, out);
+}
+
+// ---- Entry -------------------------------------------------------------------------------------
+
+template <class Entry>
+void run_caloric(const double pres, const double caloric, std::int32_t& ierr,
+                 const OutputSet& out) noexcept {
+  const CaloricPlace<double> place = place_caloric<Entry, double>(pres, caloric);
+  if (place.mixture) {
+    const auto temp = saturation_temperature<double>(pres);
+    return finish_mixture<Entry>(temp, caloric, saturated_liquid(temp), saturated_vapour(temp),
+                                 ierr, out);
+  }
+  if (place.single) {
+    double temp = place.temp;
+    double dens = place.dens;
+    for (std::int32_t round = 0; round < caloric_rounds; ++round) {
+      Cells<double> cells;
+      Iterate<double> at = start_in_element<double>(temp, dens, cells);
+      if (at.served) at = step_caloric<Entry, double>(at, pres, caloric, cells);
+      if (!at.served) break;
+      const SinglePhase<double> s = evaluate_caloric<Entry, double>(cells, at, pres, caloric);
+      if (s.wanted) {
+        ierr = status::success;
+        return write_single_phase(OutputWriter(out), &s, 1);
+      }
+      temp = at.temp;
+      dens = at.dens;
+    }
+  }
+  take_stated_road<Entry>(pres, caloric, ierr, out);
 }
 
 }  // namespace co2_properties

@@ -1,65 +1,73 @@
 #include "numbers/platform.hpp"
 
-#include <cmath>
-
 #include "api/co2_properties.hpp"
-#include "api/entries/places.hpp"
 #include "api/entries/state_writer.hpp"
-#include "eos/helmholtz.hpp"
+#include "api/entries/td.hpp"
 #include "eos/locate_td.hpp"
-#include "eos/properties.hpp"
 #include "saturation/phase.hpp"
-#include "solvers/relocate.hpp"
+#include "saturation/tie_line.hpp"
 
 namespace co2_properties {
+namespace {
 
-TdPlace place_td(const double temp, const double dens) noexcept {
-  if (dens < dens_min) return {status::td_pres_below_min};
-  if (temp >= t_crit) {
-    if (temp > temp_max) return {status::td_temp_above_max};
-    return {status::success, find_cell(supercritical_map, temp, dens)};
-  }
-  if (temp < temp_min) return {status::td_temp_below_min};
-  TdPlace place;
-  switch (phase_from_td(temp, dens, place.sat)) {
-    case Phase::vapour:
-      place.element = find_cell(vapour_map, temp, dens);
-      break;
-    case Phase::liquid:
-      place.element = find_cell(liquid_map, temp, dens);
-      break;
-    case Phase::two_phase:
-      break;
-  }
-  return place;
-}
-
-void finish_td(const TdPlace& place, const double temp, const double dens, std::int32_t& ierr,
-               const OutputSet& out) noexcept {
-  if (place.code != status::success) return fail(place.code, ierr, out);
-  ierr = status::success;
-  if (place.element == 0) {
-    const SaturatedDensities& sat = place.sat;
-    write_two_phase(temp, dens, lever_quality(dens, sat.liq, sat.vap),
-                    saturated_liquid(temp, sat.liq), saturated_vapour(temp, sat.vap), out);
-    if (wants_cv_cp_ssnd(out) || wants_transport(out)) ierr = status::td_two_phase;
-    return;
-  }
-  const Element& cell = element(place.element);
+/// Evaluates and writes a state of one phase in element `e`.
+void finish_single(const std::int32_t e, const double temp, const double dens, std::int32_t& ierr,
+                   const OutputSet& out) noexcept {
+  const Element& cell = element(e);
   if (is_beyond(dens - cell.dens0, cell.dens_width))
     return fail(status::td_pres_above_max, ierr, out);
-  const HelmholtzDerivatives d = evaluate(cell, temp, dens, std::log(dens));
-  const double pres = pressure(d, dens);
-  if (pres < pres_min) return fail(status::td_pres_below_min, ierr, out);
-  if (pres > pres_max) return fail(status::td_pres_above_max, ierr, out);
-  write_single_phase(d, temp, dens, pres, place.sat, out);
+  SinglePhase<double> s = evaluate_td<double>({&cell}, temp, dens, logarithm(dens));
+  if (s.mark_pres < pres_min) return fail(status::td_pres_below_min, ierr, out);
+  if (s.mark_pres > pres_max) return fail(status::td_pres_above_max, ierr, out);
+  s.wanted = true;  // NaN too
+  ierr = status::success;
+  write_single_phase(OutputWriter(out), &s, 1);
 }
+
+void finish_mixture(const double temp, const double dens, std::int32_t& ierr,
+                    const OutputSet& out) noexcept {
+  write_mixture<MixtureTransport::none>(
+      OutputWriter(out),
+      mixture_from_td(temp, dens, saturated_liquid(temp), saturated_vapour(temp)));
+  ierr = code_of_td_mixture(out);
+}
+
+/// All states: limits and phase are decided as documented.
+[[gnu::noinline]] void take_stated_road(const double temp, const double dens, std::int32_t& ierr,
+                                        const OutputSet& out) noexcept {
+  if (dens < dens_min) return fail(status::td_pres_below_min, ierr, out);
+  if (temp >= t_crit) {
+    if (temp > temp_max) return fail(status::td_temp_above_max, ierr, out);
+    return finish_single(sc_index_from_td(temp, dens), temp, dens, ierr, out);
+  }
+  if (temp < temp_min) return fail(status::td_temp_below_min, ierr, out);
+  switch (phase_from_td(temp, dens)) {
+    case Phase::vapour:
+      return finish_single(vap_index_from_td(temp, dens), temp, dens, ierr, out);
+    case Phase::liquid:
+      return finish_single(liq_index_from_td(temp, dens), temp, dens, ierr, out);
+    case Phase::two_phase:
+      return finish_mixture(temp, dens, ierr, out);
+  }
+}
+
+}  // namespace
 
 void co2_td(const double& temp_in, const double& dens_in, std::int32_t& ierr,
             const OutputSet& out) noexcept {
   const double temp = temp_in;  // copies: an output may lie where an input does
   const double dens = dens_in;
-  finish_td(place_td(temp, dens), temp, dens, ierr, out);
+  std::int32_t e = 0;
+  const TdPlace<double> place = place_td<double>(temp, dens, &e);
+  if (place.single) {
+    const Cells<double> cells = {&element(e)};
+    const SinglePhase<double> s = evaluate_td<double>(cells, temp, dens, logarithm_of_normal(dens));
+    if (s.wanted) {
+      ierr = status::success;
+      return write_single_phase(OutputWriter(out), &s, 1);
+    }
+  }
+  take_stated_road(temp, dens, ierr, out);
 }
 
 }  // namespace co2_properties

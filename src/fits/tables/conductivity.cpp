@@ -5,7 +5,7 @@
 // Tiling: tablegen/tilings/conductivity.txt. Input digest b1822345ef92f2b2.
 // Worst relative fit error: 2.5e-04 (patch 44); from 304.08 to 304.18 K 3.1e-02 (patch 55).
 // A distance of 1 mK around the critical point, where the property is singular, is left out.
-// Digest of all that follows: 41a989ed99f0454f.
+// Digest of all that follows: 65c7ec4c8648c4e0.
 
 #include "fits/patch.hpp"
 
@@ -2817,6 +2817,9 @@ constexpr Patch conductivity_patches[] = {
 
 }  // namespace
 
-constexpr PatchFit conductivity_fit = {{{conductivity_x_edges, 35}, {conductivity_y_edges, 39}, conductivity_cells}, conductivity_patches};
+constexpr Tiling conductivity_tiling = {
+    conductivity_x_edges, 35, conductivity_y_edges, 39, conductivity_cells};
+static constexpr PatchMap conductivity_map(conductivity_tiling);
+constexpr PatchFit conductivity_fit = {&conductivity_map, conductivity_patches};
 
 }  // namespace co2_properties

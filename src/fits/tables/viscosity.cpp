@@ -4,7 +4,7 @@
 // Fitted to: Fenghour et al., J. Phys. Chem. Ref. Data 27 (1998) 31.
 // Tiling: tablegen/tilings/viscosity.txt. Input digest 004c6bce602d5d96.
 // Worst relative fit error: 3.0e-06 (patch 22).
-// Digest of all that follows: ce46d7b2f4362f9f.
+// Digest of all that follows: 0a3cfe32aec03436.
 
 #include "fits/patch.hpp"
 
@@ -320,6 +320,9 @@ constexpr Patch viscosity_patches[] = {
 
 }  // namespace
 
-constexpr PatchFit viscosity_fit = {{{viscosity_x_edges, 6}, {viscosity_y_edges, 6}, viscosity_cells}, viscosity_patches};
+constexpr Tiling viscosity_tiling = {
+    viscosity_x_edges, 6, viscosity_y_edges, 6, viscosity_cells};
+static constexpr PatchMap viscosity_map(viscosity_tiling);
+constexpr PatchFit viscosity_fit = {&viscosity_map, viscosity_patches};
 
 }  // namespace co2_properties

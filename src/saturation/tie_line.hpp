@@ -1,0 +1,81 @@
+#pragma once
+// Mixtures of saturated liquid and saturated vapour, for one state or for several in lanes.
+
+#include <cstdint>
+
+#include "eos/element_locator.hpp"
+#include "eos/helmholtz.hpp"
+#include "saturation/curves.hpp"
+
+namespace co2_properties {
+
+/// Vapour mass fraction by the lever rule; not clipped, exactly 1 at `dens_vap`, 0 at `dens_liq`.
+template <class V>
+[[nodiscard, gnu::always_inline]] inline V lever_quality(const V& dens, const V& dens_liq,
+                                                         const V& dens_vap) noexcept {
+  return (dens_liq - dens) * dens_vap / ((dens_liq - dens_vap) * dens);
+}
+
+/// One end of a tie line.
+template <class V>
+struct SaturatedPhase {
+  V dens;  ///< kg/m3
+  Derivatives<V> d;
+};
+
+/// A saturated phase at a temperature, K, in the element of its region.
+/// \param dens  its density, kg/m3
+template <Region region, class V>
+[[nodiscard, gnu::always_inline]] inline SaturatedPhase<V> saturated_phase(const V& temp,
+                                                                           const V& dens) noexcept {
+  std::int32_t e[lane_count<V>];
+  element_locator.find<V>(Ints<V>{} + static_cast<std::int64_t>(region), temp_bins.find(temp), temp,
+                          dens, e);
+  Cells<V> cells;
+  for_each_lane<V>([&](const int k) CO2_INLINE { cells[k] = &element(e[k]); });
+  return {dens, evaluate<V>(cells, temp, dens)};
+}
+
+template <class V>
+[[nodiscard, gnu::always_inline]] inline SaturatedPhase<V> saturated_liquid(
+    const V& temp) noexcept {
+  return saturated_phase<Region::liquid>(temp, saturated_liquid_density<V>(temp));
+}
+
+template <class V>
+[[nodiscard, gnu::always_inline]] inline SaturatedPhase<V> saturated_vapour(
+    const V& temp) noexcept {
+  return saturated_phase<Region::vapour>(temp, saturated_vapour_density<V>(temp));
+}
+
+/// A mixture.
+template <class V>
+struct Mixture {
+  V temp;  ///< K
+  V dens;  ///< kg/m3
+  V qual;  ///< mass fraction of the vapour
+  SaturatedPhase<V> liq;
+  SaturatedPhase<V> vap;
+};
+
+/// The mixture with a temperature, K, below the critical one, and a density, kg/m3.
+template <class V>
+[[nodiscard, gnu::always_inline]] inline Mixture<V> mixture_from_td(
+    const V& temp, const V& dens, const SaturatedPhase<V>& liq,
+    const SaturatedPhase<V>& vap) noexcept {
+  return {temp, dens, lever_quality(dens, liq.dens, vap.dens), liq, vap};
+}
+
+/// The mixture at a saturation temperature, K, with a value of a caloric property (a type of
+/// eos/property_types.hpp).
+template <class Property, class V>
+[[nodiscard, gnu::always_inline]] inline Mixture<V> mixture_from_caloric(
+    const V& temp, const V& caloric, const SaturatedPhase<V>& liq,
+    const SaturatedPhase<V>& vap) noexcept {
+  const V of_liq = Property::value(liq.d, temp);
+  const V of_vap = Property::value(vap.d, temp);
+  const V qual = (caloric - of_liq) / (of_vap - of_liq);
+  return {temp, vap.dens * liq.dens / (vap.dens + qual * (liq.dens - vap.dens)), qual, liq, vap};
+}
+
+}  // namespace co2_properties
