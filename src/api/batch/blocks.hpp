@@ -350,6 +350,7 @@ void run_blocks(const Batch& batch) noexcept {
     block.fill_lanes();
 
     // A second round for states that the first one has not solved.
+    static_assert(caloric_rounds == 2);
     States* now = &sort_states<Road>(block, singles, mixtures, rest);
     again.count = 0;
     for (States* next = &again; now != nullptr && now->count > 0; now = next, next = nullptr) {

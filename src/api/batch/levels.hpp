@@ -34,7 +34,7 @@ class BlockOutputs {
   [[nodiscard]] const OutputSet& buffers() const noexcept { return buffers_; }
   /// Takes results, if they are in the buffers, and the code to the caller.
   /// \param start  the block's first state in the batch
-  /// \param index  of each result in the block, ascending
+  /// \param index  of each result in the block, ascending; at least one
   void hand_over(std::size_t start, const std::uint8_t* index, std::int32_t count,
                  std::int32_t code, bool from_buffers) const noexcept;
 

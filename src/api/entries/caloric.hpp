@@ -1,6 +1,7 @@
 #pragma once
 // The common road of entries for pressure and a caloric property, for one state or for several in
-// lanes: states that are surely of one phase and that one step of third order solves, and mixtures.
+// lanes: states that are surely of one phase and that a step or two of third order solve, and
+// mixtures.
 //
 // The templates take the pair of inputs as a type, see ph.hpp. It has
 //   codes              what the entry reports
