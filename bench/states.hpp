@@ -47,9 +47,9 @@ inline constexpr Region critical_box = {"critical box", near_critical_box.temp_l
 inline constexpr Region critical_point = {"critical point", 304.0, 304.3, 380, 560, 7300, 7500};
 inline constexpr Region two_phase = {"two-phase", temp_min, 304, 30, 1100, pres_min, 8000, true};
 
-/// What the library says of one state: the inputs of all four entries.
+/// What the library says of one state: the inputs of all entries.
 struct State {
-  double temp, dens, pres, enth, entr;
+  double temp, dens, pres, inte, enth, entr;
 };
 
 /// More states than a branch predictor can learn by heart.
@@ -89,10 +89,15 @@ inline const std::vector<State>& draw_states(const Region& region) {
   while (result.size() < state_count) {
     const auto [x, y] = points.next();
     State s{std::lerp(region.temp_lo, region.temp_hi, x),
-            std::lerp(region.dens_lo, region.dens_hi, y), 0.0, 0.0, 0.0};
+            std::lerp(region.dens_lo, region.dens_hi, y),
+            0.0,
+            0.0,
+            0.0,
+            0.0};
     double cv = 0.0;
     std::int32_t ierr = 0;
-    co2_td(s.temp, s.dens, ierr, {.pres = &s.pres, .enth = &s.enth, .entr = &s.entr, .cv = &cv});
+    co2_td(s.temp, s.dens, ierr,
+           {.pres = &s.pres, .inte = &s.inte, .enth = &s.enth, .entr = &s.entr, .cv = &cv});
     const bool in_region = ierr == (region.two_phase ? status::td_two_phase : status::success);
     if (in_region && s.pres > region.pres_lo && s.pres < region.pres_hi) result.push_back(s);
   }

@@ -12,9 +12,11 @@
 
 #include "tablegen/emit/element_table.hpp"
 #include "tablegen/emit/inverse_table.hpp"
+#include "tablegen/emit/isochore_table.hpp"
 #include "tablegen/emit/logarithm_table.hpp"
 #include "tablegen/emit/patch_table.hpp"
 #include "tablegen/emit/saturation_bounds_table.hpp"
+#include "tablegen/emit/start_grid_table.hpp"
 #include "tablegen/emit/start_map_table.hpp"
 #include "tablegen/emit/table.hpp"
 #include "tablegen/emit/tp_curve_table.hpp"
@@ -36,6 +38,11 @@ std::vector<Table> registry() {
   }
   tables.push_back(co2_properties::tablegen::start_maps_table());
   tables.push_back(co2_properties::tablegen::saturation_bounds_table());
+  tables.push_back(co2_properties::tablegen::isochores_table());
+  tables.push_back(co2_properties::tablegen::saturated_nodes_table());
+  for (Table& table : co2_properties::tablegen::start_grid_tables()) {
+    tables.push_back(std::move(table));
+  }
   return tables;
 }
 

@@ -21,12 +21,28 @@
 !
 ! The module only describes the C interface of the library; nothing is computed in it.
 module co2_properties
-  use, intrinsic :: iso_c_binding, only: c_char, c_double, c_int32_t, c_loc, c_null_ptr, &
-    c_ptr, c_ptrdiff_t, c_size_t
+  use, intrinsic :: iso_c_binding, only: c_char, c_double, c_int32_t, c_intptr_t, c_loc, &
+    c_null_ptr, c_ptr, c_ptrdiff_t, c_size_t
   implicit none
   private
 
-  public :: co2_td, co2_tp, co2_ph, co2_ps, co2_info, co2_error_message, zero_outputs
+  ! entries: begin, written by scripts/generate_entries
+  public :: co2_td, co2_td_derivatives
+  public :: co2_tp, co2_tp_derivatives
+  public :: co2_ph, co2_ph_derivatives
+  public :: co2_ps, co2_ps_derivatives
+  public :: co2_du, co2_du_derivatives
+  public :: co2_dh, co2_dh_derivatives
+  public :: co2_ds, co2_ds_derivatives
+  public :: co2_dp, co2_dp_derivatives
+  public :: co2_hs, co2_hs_derivatives
+  public :: co2_pu, co2_pu_derivatives
+  public :: co2_ts, co2_ts_derivatives
+  public :: co2_tx, co2_tx_derivatives
+  public :: co2_px, co2_px_derivatives
+  ! entries: end
+  public :: co2_sat_t, co2_sat_p, co2_state, co2_derivatives
+  public :: co2_info, co2_error_message, zero_outputs
   public :: calc_sat_liq_dens, calc_sat_vap_dens, calc_sat_temp, calc_sat_pres
   public :: vap_index_from_td, liq_index_from_td, sc_index_from_td
   public :: vap_index_from_tp, liq_index_from_tp, sc_index_from_tp
@@ -50,6 +66,64 @@ module co2_properties
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
   end type
 
+  !> The values of all derivatives of a state.
+  type, bind(c) :: co2_derivatives
+    ! derivatives: begin, written by scripts/generate_outputs
+    real(c_double) :: dpdd_u = 0 !< dp/drho at constant internal energy, kPa m3/kg
+    real(c_double) :: dpdu_d = 0 !< dp/du at constant density, kPa kg/kJ
+    real(c_double) :: dtdd_u = 0 !< dT/drho at constant internal energy, K m3/kg
+    real(c_double) :: dtdu_d = 0 !< dT/du at constant density, K kg/kJ
+    real(c_double) :: dddp_h = 0 !< drho/dp at constant enthalpy, kg/(m3 kPa)
+    real(c_double) :: dddh_p = 0 !< drho/dh at constant pressure, kg2/(m3 kJ)
+    real(c_double) :: dtdp_h = 0 !< dT/dp at constant enthalpy, the Joule-Thomson coefficient, K/kPa
+    real(c_double) :: dtdh_p = 0 !< dT/dh at constant pressure, K kg/kJ
+    real(c_double) :: dddp_s = 0 !< drho/dp at constant entropy, kg/(m3 kPa)
+    real(c_double) :: dtdp_s = 0 !< dT/dp at constant entropy, K/kPa
+    real(c_double) :: dhdd_p = 0 !< dh/drho at constant pressure, kJ m3/kg2
+    real(c_double) :: dhdp_d = 0 !< dh/dp at constant density, kJ/(kg kPa)
+    real(c_double) :: dsdd_p = 0 !< ds/drho at constant pressure, kJ m3/(kg2 K)
+    real(c_double) :: dsdp_d = 0 !< ds/dp at constant density, kJ/(kg K kPa)
+    real(c_double) :: dpdd_t = 0 !< dp/drho at constant temperature, kPa m3/kg
+    real(c_double) :: dpdt_d = 0 !< dp/dT at constant density, kPa/K
+    real(c_double) :: cv_eq = 0 !< isochoric heat capacity, kJ/(kg K)
+    real(c_double) :: ssnd_eq = 0 !< speed of sound, m/s
+    real(c_double) :: compr_s = 0 !< isentropic compressibility, 1/kPa
+    real(c_double) :: compr_t = 0 !< isothermal compressibility, 1/kPa
+    real(c_double) :: expan_p = 0 !< isobaric expansion, 1/K
+    real(c_double) :: fundam = 0 !< fundamental derivative of gas dynamics, -
+    real(c_double) :: dssnddd_t = 0 !< dssnd/drho at constant temperature, m4/(kg s)
+    real(c_double) :: dssnddt_d = 0 !< dssnd/dT at constant density, m/(s K)
+    real(c_double) :: dviscdd_t = 0 !< dvisc/drho at constant temperature, uPa s m3/kg
+    real(c_double) :: dviscdt_d = 0 !< dvisc/dT at constant density, uPa s/K
+    real(c_double) :: dconddd_t = 0 !< dcond/drho at constant temperature, W m2/(kg K)
+    real(c_double) :: dconddt_d = 0 !< dcond/dT at constant density, W/(m K2)
+    real(c_double) :: dqualdd_t = 0 !< dqual/drho at constant temperature, m3/kg
+    real(c_double) :: dqualdt_d = 0 !< dqual/dT at constant density, 1/K
+    ! derivatives: end
+  end type
+
+  integer, parameter :: derivative_count = storage_size(co2_derivatives())/64
+
+  !> The values of all outputs of a state.
+  type, bind(c) :: co2_state
+    real(c_double) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+  end type
+  integer, parameter :: output_count = 19
+
+  ! co2_saturation_set and co2_batch_saturation_set of the C interface.
+  type, bind(c) :: saturation_output
+    type(c_ptr) :: liq(output_count) = c_null_ptr, vap(output_count) = c_null_ptr
+    type(c_ptr) :: latent_heat = c_null_ptr, dpdt_sat = c_null_ptr
+    type(c_ptr) :: liq_derivatives = c_null_ptr, vap_derivatives = c_null_ptr
+  end type
+  type, bind(c) :: saturation_outputs
+    type(strided) :: liq(output_count), vap(output_count)
+    type(strided) :: latent_heat, dpdt_sat
+    type(c_ptr) :: liq_derivatives = c_null_ptr, vap_derivatives = c_null_ptr
+  end type
+
   ! ---- State entries ---------------------------------------------------------------------------
   !
   ! Outputs: temp temperature, K; pres pressure, kPa; dens density, kg/m3; svol specific volume,
@@ -63,7 +137,12 @@ module co2_properties
   ! The forms for arrays do the same for each element, to the bit. All arrays have the same size;
   ! sections with any stride are used in place. An optional argument ok, the last one, tells whether
   ! the sizes agree; if they do not, nothing is written and, without ok, the program stops.
+  !
+  ! Each entry has a sister co2_..._derivatives, which takes a co2_derivatives before the outputs, or
+  ! an array of them, and fills all of its members. The array is intent(inout), since its members have
+  ! initial values, which intent(out) would write even where the sizes disagree.
 
+  ! entries: begin, written by scripts/generate_entries
   !> State from temperature, K, and density, kg/m3.
   interface co2_td
     pure subroutine co2_td_state(temp_in, dens_in, ierr, &
@@ -78,8 +157,11 @@ module co2_properties
     end subroutine
     module procedure co2_td_states
   end interface
+  interface co2_td_derivatives
+    module procedure co2_td_state_derivatives, co2_td_states_derivatives
+  end interface
 
-  !> State from temperature, K, and pressure, kPa; never two-phase.
+  !> State from temperature, K, and pressure, kPa.
   interface co2_tp
     pure subroutine co2_tp_state(temp_in, pres_in, ierr, &
         temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
@@ -92,6 +174,9 @@ module co2_properties
         ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
     end subroutine
     module procedure co2_tp_states
+  end interface
+  interface co2_tp_derivatives
+    module procedure co2_tp_state_derivatives, co2_tp_states_derivatives
   end interface
 
   !> State from pressure, kPa, and specific enthalpy, kJ/kg.
@@ -108,6 +193,9 @@ module co2_properties
     end subroutine
     module procedure co2_ph_states
   end interface
+  interface co2_ph_derivatives
+    module procedure co2_ph_state_derivatives, co2_ph_states_derivatives
+  end interface
 
   !> State from pressure, kPa, and specific entropy, kJ/(kg K).
   interface co2_ps
@@ -123,31 +211,478 @@ module co2_properties
     end subroutine
     module procedure co2_ps_states
   end interface
+  interface co2_ps_derivatives
+    module procedure co2_ps_state_derivatives, co2_ps_states_derivatives
+  end interface
+
+  !> State from density, kg/m3, and specific internal energy, kJ/kg.
+  interface co2_du
+    pure subroutine co2_du_state(dens_in, inte_in, ierr, &
+        temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+        ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt) bind(c, name="co2_du")
+      import :: c_double, c_int32_t
+      real(c_double), intent(in) :: dens_in, inte_in
+      integer(c_int32_t), intent(out) :: ierr
+      real(c_double), intent(out), optional :: &
+        temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+        ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    end subroutine
+    module procedure co2_du_states
+  end interface
+  interface co2_du_derivatives
+    module procedure co2_du_state_derivatives, co2_du_states_derivatives
+  end interface
+
+  !> State from density, kg/m3, and specific enthalpy, kJ/kg.
+  interface co2_dh
+    pure subroutine co2_dh_state(dens_in, enth_in, ierr, &
+        temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+        ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt) bind(c, name="co2_dh")
+      import :: c_double, c_int32_t
+      real(c_double), intent(in) :: dens_in, enth_in
+      integer(c_int32_t), intent(out) :: ierr
+      real(c_double), intent(out), optional :: &
+        temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+        ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    end subroutine
+    module procedure co2_dh_states
+  end interface
+  interface co2_dh_derivatives
+    module procedure co2_dh_state_derivatives, co2_dh_states_derivatives
+  end interface
+
+  !> State from density, kg/m3, and specific entropy, kJ/(kg K).
+  interface co2_ds
+    pure subroutine co2_ds_state(dens_in, entr_in, ierr, &
+        temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+        ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt) bind(c, name="co2_ds")
+      import :: c_double, c_int32_t
+      real(c_double), intent(in) :: dens_in, entr_in
+      integer(c_int32_t), intent(out) :: ierr
+      real(c_double), intent(out), optional :: &
+        temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+        ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    end subroutine
+    module procedure co2_ds_states
+  end interface
+  interface co2_ds_derivatives
+    module procedure co2_ds_state_derivatives, co2_ds_states_derivatives
+  end interface
+
+  !> State from density, kg/m3, and pressure, kPa.
+  interface co2_dp
+    pure subroutine co2_dp_state(dens_in, pres_in, ierr, &
+        temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+        ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt) bind(c, name="co2_dp")
+      import :: c_double, c_int32_t
+      real(c_double), intent(in) :: dens_in, pres_in
+      integer(c_int32_t), intent(out) :: ierr
+      real(c_double), intent(out), optional :: &
+        temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+        ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    end subroutine
+    module procedure co2_dp_states
+  end interface
+  interface co2_dp_derivatives
+    module procedure co2_dp_state_derivatives, co2_dp_states_derivatives
+  end interface
+
+  !> State from specific enthalpy, kJ/kg, and specific entropy, kJ/(kg K).
+  interface co2_hs
+    pure subroutine co2_hs_state(enth_in, entr_in, ierr, &
+        temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+        ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt) bind(c, name="co2_hs")
+      import :: c_double, c_int32_t
+      real(c_double), intent(in) :: enth_in, entr_in
+      integer(c_int32_t), intent(out) :: ierr
+      real(c_double), intent(out), optional :: &
+        temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+        ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    end subroutine
+    module procedure co2_hs_states
+  end interface
+  interface co2_hs_derivatives
+    module procedure co2_hs_state_derivatives, co2_hs_states_derivatives
+  end interface
+
+  !> State from pressure, kPa, and specific internal energy, kJ/kg.
+  interface co2_pu
+    pure subroutine co2_pu_state(pres_in, inte_in, ierr, &
+        temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+        ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt) bind(c, name="co2_pu")
+      import :: c_double, c_int32_t
+      real(c_double), intent(in) :: pres_in, inte_in
+      integer(c_int32_t), intent(out) :: ierr
+      real(c_double), intent(out), optional :: &
+        temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+        ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    end subroutine
+    module procedure co2_pu_states
+  end interface
+  interface co2_pu_derivatives
+    module procedure co2_pu_state_derivatives, co2_pu_states_derivatives
+  end interface
+
+  !> State from temperature, K, and specific entropy, kJ/(kg K).
+  interface co2_ts
+    pure subroutine co2_ts_state(temp_in, entr_in, ierr, &
+        temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+        ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt) bind(c, name="co2_ts")
+      import :: c_double, c_int32_t
+      real(c_double), intent(in) :: temp_in, entr_in
+      integer(c_int32_t), intent(out) :: ierr
+      real(c_double), intent(out), optional :: &
+        temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+        ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    end subroutine
+    module procedure co2_ts_states
+  end interface
+  interface co2_ts_derivatives
+    module procedure co2_ts_state_derivatives, co2_ts_states_derivatives
+  end interface
+
+  !> State from temperature, K, and vapour mass fraction (998, 999: supercritical), -.
+  interface co2_tx
+    pure subroutine co2_tx_state(temp_in, qual_in, ierr, &
+        temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+        ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt) bind(c, name="co2_tx")
+      import :: c_double, c_int32_t
+      real(c_double), intent(in) :: temp_in, qual_in
+      integer(c_int32_t), intent(out) :: ierr
+      real(c_double), intent(out), optional :: &
+        temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+        ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    end subroutine
+    module procedure co2_tx_states
+  end interface
+  interface co2_tx_derivatives
+    module procedure co2_tx_state_derivatives, co2_tx_states_derivatives
+  end interface
+
+  !> State from pressure, kPa, and vapour mass fraction (998, 999: supercritical), -.
+  interface co2_px
+    pure subroutine co2_px_state(pres_in, qual_in, ierr, &
+        temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+        ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt) bind(c, name="co2_px")
+      import :: c_double, c_int32_t
+      real(c_double), intent(in) :: pres_in, qual_in
+      integer(c_int32_t), intent(out) :: ierr
+      real(c_double), intent(out), optional :: &
+        temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+        ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    end subroutine
+    module procedure co2_px_states
+  end interface
+  interface co2_px_derivatives
+    module procedure co2_px_state_derivatives, co2_px_states_derivatives
+  end interface
+
+  ! entries: end
 
   interface
-    subroutine co2_td_batch(count, temp_in, dens_in, ierr, out) bind(c, name="co2_td_batch")
+    ! entries: begin, written by scripts/generate_entries
+    subroutine co2_td_batch(count, temp_in, dens_in, ierr, out) bind(c)
       import :: batch_outputs, c_size_t, strided
       integer(c_size_t), intent(in) :: count
       type(strided), intent(in) :: temp_in, dens_in, ierr
       type(batch_outputs), intent(in) :: out
     end subroutine
-    subroutine co2_tp_batch(count, temp_in, pres_in, ierr, out) bind(c, name="co2_tp_batch")
+    subroutine c_td_derivatives(temp_in, dens_in, ierr, out, derivatives) &
+      bind(c, name="co2_td_derivatives")
+      import :: c_double, c_int32_t, c_ptr
+      real(c_double), intent(in) :: temp_in, dens_in
+      integer(c_int32_t), intent(out) :: ierr
+      type(c_ptr), intent(in) :: out(*), derivatives(*)
+    end subroutine
+    subroutine co2_td_batch_derivatives(count, temp_in, dens_in, ierr, out, derivatives) bind(c)
+      import :: batch_outputs, c_size_t, strided
+      integer(c_size_t), intent(in) :: count
+      type(strided), intent(in) :: temp_in, dens_in, ierr
+      type(batch_outputs), intent(in) :: out
+      type(strided), intent(in) :: derivatives(*)
+    end subroutine
+    subroutine co2_tp_batch(count, temp_in, pres_in, ierr, out) bind(c)
       import :: batch_outputs, c_size_t, strided
       integer(c_size_t), intent(in) :: count
       type(strided), intent(in) :: temp_in, pres_in, ierr
       type(batch_outputs), intent(in) :: out
     end subroutine
-    subroutine co2_ph_batch(count, pres_in, enth_in, ierr, out) bind(c, name="co2_ph_batch")
+    subroutine c_tp_derivatives(temp_in, pres_in, ierr, out, derivatives) &
+      bind(c, name="co2_tp_derivatives")
+      import :: c_double, c_int32_t, c_ptr
+      real(c_double), intent(in) :: temp_in, pres_in
+      integer(c_int32_t), intent(out) :: ierr
+      type(c_ptr), intent(in) :: out(*), derivatives(*)
+    end subroutine
+    subroutine co2_tp_batch_derivatives(count, temp_in, pres_in, ierr, out, derivatives) bind(c)
+      import :: batch_outputs, c_size_t, strided
+      integer(c_size_t), intent(in) :: count
+      type(strided), intent(in) :: temp_in, pres_in, ierr
+      type(batch_outputs), intent(in) :: out
+      type(strided), intent(in) :: derivatives(*)
+    end subroutine
+    subroutine co2_ph_batch(count, pres_in, enth_in, ierr, out) bind(c)
       import :: batch_outputs, c_size_t, strided
       integer(c_size_t), intent(in) :: count
       type(strided), intent(in) :: pres_in, enth_in, ierr
       type(batch_outputs), intent(in) :: out
     end subroutine
-    subroutine co2_ps_batch(count, pres_in, entr_in, ierr, out) bind(c, name="co2_ps_batch")
+    subroutine c_ph_derivatives(pres_in, enth_in, ierr, out, derivatives) &
+      bind(c, name="co2_ph_derivatives")
+      import :: c_double, c_int32_t, c_ptr
+      real(c_double), intent(in) :: pres_in, enth_in
+      integer(c_int32_t), intent(out) :: ierr
+      type(c_ptr), intent(in) :: out(*), derivatives(*)
+    end subroutine
+    subroutine co2_ph_batch_derivatives(count, pres_in, enth_in, ierr, out, derivatives) bind(c)
+      import :: batch_outputs, c_size_t, strided
+      integer(c_size_t), intent(in) :: count
+      type(strided), intent(in) :: pres_in, enth_in, ierr
+      type(batch_outputs), intent(in) :: out
+      type(strided), intent(in) :: derivatives(*)
+    end subroutine
+    subroutine co2_ps_batch(count, pres_in, entr_in, ierr, out) bind(c)
       import :: batch_outputs, c_size_t, strided
       integer(c_size_t), intent(in) :: count
       type(strided), intent(in) :: pres_in, entr_in, ierr
       type(batch_outputs), intent(in) :: out
+    end subroutine
+    subroutine c_ps_derivatives(pres_in, entr_in, ierr, out, derivatives) &
+      bind(c, name="co2_ps_derivatives")
+      import :: c_double, c_int32_t, c_ptr
+      real(c_double), intent(in) :: pres_in, entr_in
+      integer(c_int32_t), intent(out) :: ierr
+      type(c_ptr), intent(in) :: out(*), derivatives(*)
+    end subroutine
+    subroutine co2_ps_batch_derivatives(count, pres_in, entr_in, ierr, out, derivatives) bind(c)
+      import :: batch_outputs, c_size_t, strided
+      integer(c_size_t), intent(in) :: count
+      type(strided), intent(in) :: pres_in, entr_in, ierr
+      type(batch_outputs), intent(in) :: out
+      type(strided), intent(in) :: derivatives(*)
+    end subroutine
+    subroutine co2_du_batch(count, dens_in, inte_in, ierr, out) bind(c)
+      import :: batch_outputs, c_size_t, strided
+      integer(c_size_t), intent(in) :: count
+      type(strided), intent(in) :: dens_in, inte_in, ierr
+      type(batch_outputs), intent(in) :: out
+    end subroutine
+    subroutine c_du_derivatives(dens_in, inte_in, ierr, out, derivatives) &
+      bind(c, name="co2_du_derivatives")
+      import :: c_double, c_int32_t, c_ptr
+      real(c_double), intent(in) :: dens_in, inte_in
+      integer(c_int32_t), intent(out) :: ierr
+      type(c_ptr), intent(in) :: out(*), derivatives(*)
+    end subroutine
+    subroutine co2_du_batch_derivatives(count, dens_in, inte_in, ierr, out, derivatives) bind(c)
+      import :: batch_outputs, c_size_t, strided
+      integer(c_size_t), intent(in) :: count
+      type(strided), intent(in) :: dens_in, inte_in, ierr
+      type(batch_outputs), intent(in) :: out
+      type(strided), intent(in) :: derivatives(*)
+    end subroutine
+    subroutine co2_dh_batch(count, dens_in, enth_in, ierr, out) bind(c)
+      import :: batch_outputs, c_size_t, strided
+      integer(c_size_t), intent(in) :: count
+      type(strided), intent(in) :: dens_in, enth_in, ierr
+      type(batch_outputs), intent(in) :: out
+    end subroutine
+    subroutine c_dh_derivatives(dens_in, enth_in, ierr, out, derivatives) &
+      bind(c, name="co2_dh_derivatives")
+      import :: c_double, c_int32_t, c_ptr
+      real(c_double), intent(in) :: dens_in, enth_in
+      integer(c_int32_t), intent(out) :: ierr
+      type(c_ptr), intent(in) :: out(*), derivatives(*)
+    end subroutine
+    subroutine co2_dh_batch_derivatives(count, dens_in, enth_in, ierr, out, derivatives) bind(c)
+      import :: batch_outputs, c_size_t, strided
+      integer(c_size_t), intent(in) :: count
+      type(strided), intent(in) :: dens_in, enth_in, ierr
+      type(batch_outputs), intent(in) :: out
+      type(strided), intent(in) :: derivatives(*)
+    end subroutine
+    subroutine co2_ds_batch(count, dens_in, entr_in, ierr, out) bind(c)
+      import :: batch_outputs, c_size_t, strided
+      integer(c_size_t), intent(in) :: count
+      type(strided), intent(in) :: dens_in, entr_in, ierr
+      type(batch_outputs), intent(in) :: out
+    end subroutine
+    subroutine c_ds_derivatives(dens_in, entr_in, ierr, out, derivatives) &
+      bind(c, name="co2_ds_derivatives")
+      import :: c_double, c_int32_t, c_ptr
+      real(c_double), intent(in) :: dens_in, entr_in
+      integer(c_int32_t), intent(out) :: ierr
+      type(c_ptr), intent(in) :: out(*), derivatives(*)
+    end subroutine
+    subroutine co2_ds_batch_derivatives(count, dens_in, entr_in, ierr, out, derivatives) bind(c)
+      import :: batch_outputs, c_size_t, strided
+      integer(c_size_t), intent(in) :: count
+      type(strided), intent(in) :: dens_in, entr_in, ierr
+      type(batch_outputs), intent(in) :: out
+      type(strided), intent(in) :: derivatives(*)
+    end subroutine
+    subroutine co2_dp_batch(count, dens_in, pres_in, ierr, out) bind(c)
+      import :: batch_outputs, c_size_t, strided
+      integer(c_size_t), intent(in) :: count
+      type(strided), intent(in) :: dens_in, pres_in, ierr
+      type(batch_outputs), intent(in) :: out
+    end subroutine
+    subroutine c_dp_derivatives(dens_in, pres_in, ierr, out, derivatives) &
+      bind(c, name="co2_dp_derivatives")
+      import :: c_double, c_int32_t, c_ptr
+      real(c_double), intent(in) :: dens_in, pres_in
+      integer(c_int32_t), intent(out) :: ierr
+      type(c_ptr), intent(in) :: out(*), derivatives(*)
+    end subroutine
+    subroutine co2_dp_batch_derivatives(count, dens_in, pres_in, ierr, out, derivatives) bind(c)
+      import :: batch_outputs, c_size_t, strided
+      integer(c_size_t), intent(in) :: count
+      type(strided), intent(in) :: dens_in, pres_in, ierr
+      type(batch_outputs), intent(in) :: out
+      type(strided), intent(in) :: derivatives(*)
+    end subroutine
+    subroutine co2_hs_batch(count, enth_in, entr_in, ierr, out) bind(c)
+      import :: batch_outputs, c_size_t, strided
+      integer(c_size_t), intent(in) :: count
+      type(strided), intent(in) :: enth_in, entr_in, ierr
+      type(batch_outputs), intent(in) :: out
+    end subroutine
+    subroutine c_hs_derivatives(enth_in, entr_in, ierr, out, derivatives) &
+      bind(c, name="co2_hs_derivatives")
+      import :: c_double, c_int32_t, c_ptr
+      real(c_double), intent(in) :: enth_in, entr_in
+      integer(c_int32_t), intent(out) :: ierr
+      type(c_ptr), intent(in) :: out(*), derivatives(*)
+    end subroutine
+    subroutine co2_hs_batch_derivatives(count, enth_in, entr_in, ierr, out, derivatives) bind(c)
+      import :: batch_outputs, c_size_t, strided
+      integer(c_size_t), intent(in) :: count
+      type(strided), intent(in) :: enth_in, entr_in, ierr
+      type(batch_outputs), intent(in) :: out
+      type(strided), intent(in) :: derivatives(*)
+    end subroutine
+    subroutine co2_pu_batch(count, pres_in, inte_in, ierr, out) bind(c)
+      import :: batch_outputs, c_size_t, strided
+      integer(c_size_t), intent(in) :: count
+      type(strided), intent(in) :: pres_in, inte_in, ierr
+      type(batch_outputs), intent(in) :: out
+    end subroutine
+    subroutine c_pu_derivatives(pres_in, inte_in, ierr, out, derivatives) &
+      bind(c, name="co2_pu_derivatives")
+      import :: c_double, c_int32_t, c_ptr
+      real(c_double), intent(in) :: pres_in, inte_in
+      integer(c_int32_t), intent(out) :: ierr
+      type(c_ptr), intent(in) :: out(*), derivatives(*)
+    end subroutine
+    subroutine co2_pu_batch_derivatives(count, pres_in, inte_in, ierr, out, derivatives) bind(c)
+      import :: batch_outputs, c_size_t, strided
+      integer(c_size_t), intent(in) :: count
+      type(strided), intent(in) :: pres_in, inte_in, ierr
+      type(batch_outputs), intent(in) :: out
+      type(strided), intent(in) :: derivatives(*)
+    end subroutine
+    subroutine co2_ts_batch(count, temp_in, entr_in, ierr, out) bind(c)
+      import :: batch_outputs, c_size_t, strided
+      integer(c_size_t), intent(in) :: count
+      type(strided), intent(in) :: temp_in, entr_in, ierr
+      type(batch_outputs), intent(in) :: out
+    end subroutine
+    subroutine c_ts_derivatives(temp_in, entr_in, ierr, out, derivatives) &
+      bind(c, name="co2_ts_derivatives")
+      import :: c_double, c_int32_t, c_ptr
+      real(c_double), intent(in) :: temp_in, entr_in
+      integer(c_int32_t), intent(out) :: ierr
+      type(c_ptr), intent(in) :: out(*), derivatives(*)
+    end subroutine
+    subroutine co2_ts_batch_derivatives(count, temp_in, entr_in, ierr, out, derivatives) bind(c)
+      import :: batch_outputs, c_size_t, strided
+      integer(c_size_t), intent(in) :: count
+      type(strided), intent(in) :: temp_in, entr_in, ierr
+      type(batch_outputs), intent(in) :: out
+      type(strided), intent(in) :: derivatives(*)
+    end subroutine
+    subroutine co2_tx_batch(count, temp_in, qual_in, ierr, out) bind(c)
+      import :: batch_outputs, c_size_t, strided
+      integer(c_size_t), intent(in) :: count
+      type(strided), intent(in) :: temp_in, qual_in, ierr
+      type(batch_outputs), intent(in) :: out
+    end subroutine
+    subroutine c_tx_derivatives(temp_in, qual_in, ierr, out, derivatives) &
+      bind(c, name="co2_tx_derivatives")
+      import :: c_double, c_int32_t, c_ptr
+      real(c_double), intent(in) :: temp_in, qual_in
+      integer(c_int32_t), intent(out) :: ierr
+      type(c_ptr), intent(in) :: out(*), derivatives(*)
+    end subroutine
+    subroutine co2_tx_batch_derivatives(count, temp_in, qual_in, ierr, out, derivatives) bind(c)
+      import :: batch_outputs, c_size_t, strided
+      integer(c_size_t), intent(in) :: count
+      type(strided), intent(in) :: temp_in, qual_in, ierr
+      type(batch_outputs), intent(in) :: out
+      type(strided), intent(in) :: derivatives(*)
+    end subroutine
+    subroutine co2_px_batch(count, pres_in, qual_in, ierr, out) bind(c)
+      import :: batch_outputs, c_size_t, strided
+      integer(c_size_t), intent(in) :: count
+      type(strided), intent(in) :: pres_in, qual_in, ierr
+      type(batch_outputs), intent(in) :: out
+    end subroutine
+    subroutine c_px_derivatives(pres_in, qual_in, ierr, out, derivatives) &
+      bind(c, name="co2_px_derivatives")
+      import :: c_double, c_int32_t, c_ptr
+      real(c_double), intent(in) :: pres_in, qual_in
+      integer(c_int32_t), intent(out) :: ierr
+      type(c_ptr), intent(in) :: out(*), derivatives(*)
+    end subroutine
+    subroutine co2_px_batch_derivatives(count, pres_in, qual_in, ierr, out, derivatives) bind(c)
+      import :: batch_outputs, c_size_t, strided
+      integer(c_size_t), intent(in) :: count
+      type(strided), intent(in) :: pres_in, qual_in, ierr
+      type(batch_outputs), intent(in) :: out
+      type(strided), intent(in) :: derivatives(*)
+    end subroutine
+    ! entries: end
+  end interface
+
+  ! ---- Saturation --------------------------------------------------------------------------------
+
+  !> Both phases at a saturation temperature, K: co2_sat_t(temp_in, ierr, liq, vap, latent_heat,
+  !> dpdt_sat). liq and vap are of type co2_state, all members are filled; latent_heat is the enthalpy
+  !> of vaporization, kJ/kg, dpdt_sat the slope of the saturation line, kPa/K. All four are optional,
+  !> all may be arrays of one size.
+  interface co2_sat_t
+    module procedure co2_sat_t_state, co2_sat_t_states
+  end interface
+
+  !> Both phases at a saturation pressure, kPa; as co2_sat_t.
+  interface co2_sat_p
+    module procedure co2_sat_p_state, co2_sat_p_states
+  end interface
+
+  interface
+    subroutine c_sat_t(temp_in, ierr, out) bind(c, name="co2_sat_t")
+      import :: c_double, c_int32_t, saturation_output
+      real(c_double), intent(in) :: temp_in
+      integer(c_int32_t), intent(out) :: ierr
+      type(saturation_output), intent(in) :: out
+    end subroutine
+    subroutine co2_sat_t_batch(count, temp_in, ierr, out) bind(c)
+      import :: c_size_t, saturation_outputs, strided
+      integer(c_size_t), intent(in) :: count
+      type(strided), intent(in) :: temp_in, ierr
+      type(saturation_outputs), intent(in) :: out
+    end subroutine
+    subroutine c_sat_p(pres_in, ierr, out) bind(c, name="co2_sat_p")
+      import :: c_double, c_int32_t, saturation_output
+      real(c_double), intent(in) :: pres_in
+      integer(c_int32_t), intent(out) :: ierr
+      type(saturation_output), intent(in) :: out
+    end subroutine
+    subroutine co2_sat_p_batch(count, pres_in, ierr, out) bind(c)
+      import :: c_size_t, saturation_outputs, strided
+      integer(c_size_t), intent(in) :: count
+      type(strided), intent(in) :: pres_in, ierr
+      type(saturation_outputs), intent(in) :: out
     end subroutine
   end interface
 
@@ -331,6 +866,7 @@ contains
     call c_error_message(ierr, text)
   end function
 
+  ! entries: begin, written by scripts/generate_entries
   subroutine co2_td_states(temp_in, dens_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
@@ -350,6 +886,48 @@ contains
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
     if (.not. agrees(agree, ok)) return
     call co2_td_batch(count, inputs(temp_in), inputs(dens_in), codes(ierr), out)
+  end subroutine
+
+  subroutine co2_td_state_derivatives(temp_in, dens_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    real(c_double), intent(in) :: temp_in, dens_in
+    integer(c_int32_t), intent(out) :: ierr
+    type(co2_derivatives), intent(out), target :: derivatives
+    real(c_double), intent(out), optional, target :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    type(c_ptr) :: out(output_count)
+    call point_to(out, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call c_td_derivatives(temp_in, dens_in, ierr, out, &
+      slots_of(c_loc(derivatives), derivative_count))
+  end subroutine
+
+  subroutine co2_td_states_derivatives(temp_in, dens_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: temp_in(:), dens_in(:)
+    integer(c_int32_t), intent(out), target :: ierr(:)
+    type(co2_derivatives), intent(inout), target :: derivatives(:)
+    real(c_double), intent(out), optional, target, dimension(:) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(batch_outputs) :: out
+    type(strided) :: slots(derivative_count)
+    integer(c_size_t) :: count
+    logical :: agree
+    count = size(temp_in, kind=c_size_t)
+    agree = size(dens_in, kind=c_size_t) == count .and. size(ierr, kind=c_size_t) == count
+    call collect(out, agree, count, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call collect_derivatives(slots, agree, count, derivatives)
+    if (.not. agrees(agree, ok)) return
+    call co2_td_batch_derivatives(count, inputs(temp_in), inputs(dens_in), codes(ierr), &
+      out, slots)
   end subroutine
 
   subroutine co2_tp_states(temp_in, pres_in, ierr, &
@@ -373,6 +951,48 @@ contains
     call co2_tp_batch(count, inputs(temp_in), inputs(pres_in), codes(ierr), out)
   end subroutine
 
+  subroutine co2_tp_state_derivatives(temp_in, pres_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    real(c_double), intent(in) :: temp_in, pres_in
+    integer(c_int32_t), intent(out) :: ierr
+    type(co2_derivatives), intent(out), target :: derivatives
+    real(c_double), intent(out), optional, target :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    type(c_ptr) :: out(output_count)
+    call point_to(out, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call c_tp_derivatives(temp_in, pres_in, ierr, out, &
+      slots_of(c_loc(derivatives), derivative_count))
+  end subroutine
+
+  subroutine co2_tp_states_derivatives(temp_in, pres_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: temp_in(:), pres_in(:)
+    integer(c_int32_t), intent(out), target :: ierr(:)
+    type(co2_derivatives), intent(inout), target :: derivatives(:)
+    real(c_double), intent(out), optional, target, dimension(:) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(batch_outputs) :: out
+    type(strided) :: slots(derivative_count)
+    integer(c_size_t) :: count
+    logical :: agree
+    count = size(temp_in, kind=c_size_t)
+    agree = size(pres_in, kind=c_size_t) == count .and. size(ierr, kind=c_size_t) == count
+    call collect(out, agree, count, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call collect_derivatives(slots, agree, count, derivatives)
+    if (.not. agrees(agree, ok)) return
+    call co2_tp_batch_derivatives(count, inputs(temp_in), inputs(pres_in), codes(ierr), &
+      out, slots)
+  end subroutine
+
   subroutine co2_ph_states(pres_in, enth_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
@@ -394,6 +1014,48 @@ contains
     call co2_ph_batch(count, inputs(pres_in), inputs(enth_in), codes(ierr), out)
   end subroutine
 
+  subroutine co2_ph_state_derivatives(pres_in, enth_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    real(c_double), intent(in) :: pres_in, enth_in
+    integer(c_int32_t), intent(out) :: ierr
+    type(co2_derivatives), intent(out), target :: derivatives
+    real(c_double), intent(out), optional, target :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    type(c_ptr) :: out(output_count)
+    call point_to(out, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call c_ph_derivatives(pres_in, enth_in, ierr, out, &
+      slots_of(c_loc(derivatives), derivative_count))
+  end subroutine
+
+  subroutine co2_ph_states_derivatives(pres_in, enth_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: pres_in(:), enth_in(:)
+    integer(c_int32_t), intent(out), target :: ierr(:)
+    type(co2_derivatives), intent(inout), target :: derivatives(:)
+    real(c_double), intent(out), optional, target, dimension(:) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(batch_outputs) :: out
+    type(strided) :: slots(derivative_count)
+    integer(c_size_t) :: count
+    logical :: agree
+    count = size(pres_in, kind=c_size_t)
+    agree = size(enth_in, kind=c_size_t) == count .and. size(ierr, kind=c_size_t) == count
+    call collect(out, agree, count, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call collect_derivatives(slots, agree, count, derivatives)
+    if (.not. agrees(agree, ok)) return
+    call co2_ph_batch_derivatives(count, inputs(pres_in), inputs(enth_in), codes(ierr), &
+      out, slots)
+  end subroutine
+
   subroutine co2_ps_states(pres_in, entr_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
@@ -413,6 +1075,778 @@ contains
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
     if (.not. agrees(agree, ok)) return
     call co2_ps_batch(count, inputs(pres_in), inputs(entr_in), codes(ierr), out)
+  end subroutine
+
+  subroutine co2_ps_state_derivatives(pres_in, entr_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    real(c_double), intent(in) :: pres_in, entr_in
+    integer(c_int32_t), intent(out) :: ierr
+    type(co2_derivatives), intent(out), target :: derivatives
+    real(c_double), intent(out), optional, target :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    type(c_ptr) :: out(output_count)
+    call point_to(out, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call c_ps_derivatives(pres_in, entr_in, ierr, out, &
+      slots_of(c_loc(derivatives), derivative_count))
+  end subroutine
+
+  subroutine co2_ps_states_derivatives(pres_in, entr_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: pres_in(:), entr_in(:)
+    integer(c_int32_t), intent(out), target :: ierr(:)
+    type(co2_derivatives), intent(inout), target :: derivatives(:)
+    real(c_double), intent(out), optional, target, dimension(:) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(batch_outputs) :: out
+    type(strided) :: slots(derivative_count)
+    integer(c_size_t) :: count
+    logical :: agree
+    count = size(pres_in, kind=c_size_t)
+    agree = size(entr_in, kind=c_size_t) == count .and. size(ierr, kind=c_size_t) == count
+    call collect(out, agree, count, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call collect_derivatives(slots, agree, count, derivatives)
+    if (.not. agrees(agree, ok)) return
+    call co2_ps_batch_derivatives(count, inputs(pres_in), inputs(entr_in), codes(ierr), &
+      out, slots)
+  end subroutine
+
+  subroutine co2_du_states(dens_in, inte_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: dens_in(:), inte_in(:)
+    integer(c_int32_t), intent(out), target :: ierr(:)
+    real(c_double), intent(out), optional, target, dimension(:) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(batch_outputs) :: out
+    integer(c_size_t) :: count
+    logical :: agree
+    count = size(dens_in, kind=c_size_t)
+    agree = size(inte_in, kind=c_size_t) == count .and. size(ierr, kind=c_size_t) == count
+    call collect(out, agree, count, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    if (.not. agrees(agree, ok)) return
+    call co2_du_batch(count, inputs(dens_in), inputs(inte_in), codes(ierr), out)
+  end subroutine
+
+  subroutine co2_du_state_derivatives(dens_in, inte_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    real(c_double), intent(in) :: dens_in, inte_in
+    integer(c_int32_t), intent(out) :: ierr
+    type(co2_derivatives), intent(out), target :: derivatives
+    real(c_double), intent(out), optional, target :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    type(c_ptr) :: out(output_count)
+    call point_to(out, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call c_du_derivatives(dens_in, inte_in, ierr, out, &
+      slots_of(c_loc(derivatives), derivative_count))
+  end subroutine
+
+  subroutine co2_du_states_derivatives(dens_in, inte_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: dens_in(:), inte_in(:)
+    integer(c_int32_t), intent(out), target :: ierr(:)
+    type(co2_derivatives), intent(inout), target :: derivatives(:)
+    real(c_double), intent(out), optional, target, dimension(:) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(batch_outputs) :: out
+    type(strided) :: slots(derivative_count)
+    integer(c_size_t) :: count
+    logical :: agree
+    count = size(dens_in, kind=c_size_t)
+    agree = size(inte_in, kind=c_size_t) == count .and. size(ierr, kind=c_size_t) == count
+    call collect(out, agree, count, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call collect_derivatives(slots, agree, count, derivatives)
+    if (.not. agrees(agree, ok)) return
+    call co2_du_batch_derivatives(count, inputs(dens_in), inputs(inte_in), codes(ierr), &
+      out, slots)
+  end subroutine
+
+  subroutine co2_dh_states(dens_in, enth_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: dens_in(:), enth_in(:)
+    integer(c_int32_t), intent(out), target :: ierr(:)
+    real(c_double), intent(out), optional, target, dimension(:) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(batch_outputs) :: out
+    integer(c_size_t) :: count
+    logical :: agree
+    count = size(dens_in, kind=c_size_t)
+    agree = size(enth_in, kind=c_size_t) == count .and. size(ierr, kind=c_size_t) == count
+    call collect(out, agree, count, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    if (.not. agrees(agree, ok)) return
+    call co2_dh_batch(count, inputs(dens_in), inputs(enth_in), codes(ierr), out)
+  end subroutine
+
+  subroutine co2_dh_state_derivatives(dens_in, enth_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    real(c_double), intent(in) :: dens_in, enth_in
+    integer(c_int32_t), intent(out) :: ierr
+    type(co2_derivatives), intent(out), target :: derivatives
+    real(c_double), intent(out), optional, target :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    type(c_ptr) :: out(output_count)
+    call point_to(out, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call c_dh_derivatives(dens_in, enth_in, ierr, out, &
+      slots_of(c_loc(derivatives), derivative_count))
+  end subroutine
+
+  subroutine co2_dh_states_derivatives(dens_in, enth_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: dens_in(:), enth_in(:)
+    integer(c_int32_t), intent(out), target :: ierr(:)
+    type(co2_derivatives), intent(inout), target :: derivatives(:)
+    real(c_double), intent(out), optional, target, dimension(:) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(batch_outputs) :: out
+    type(strided) :: slots(derivative_count)
+    integer(c_size_t) :: count
+    logical :: agree
+    count = size(dens_in, kind=c_size_t)
+    agree = size(enth_in, kind=c_size_t) == count .and. size(ierr, kind=c_size_t) == count
+    call collect(out, agree, count, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call collect_derivatives(slots, agree, count, derivatives)
+    if (.not. agrees(agree, ok)) return
+    call co2_dh_batch_derivatives(count, inputs(dens_in), inputs(enth_in), codes(ierr), &
+      out, slots)
+  end subroutine
+
+  subroutine co2_ds_states(dens_in, entr_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: dens_in(:), entr_in(:)
+    integer(c_int32_t), intent(out), target :: ierr(:)
+    real(c_double), intent(out), optional, target, dimension(:) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(batch_outputs) :: out
+    integer(c_size_t) :: count
+    logical :: agree
+    count = size(dens_in, kind=c_size_t)
+    agree = size(entr_in, kind=c_size_t) == count .and. size(ierr, kind=c_size_t) == count
+    call collect(out, agree, count, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    if (.not. agrees(agree, ok)) return
+    call co2_ds_batch(count, inputs(dens_in), inputs(entr_in), codes(ierr), out)
+  end subroutine
+
+  subroutine co2_ds_state_derivatives(dens_in, entr_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    real(c_double), intent(in) :: dens_in, entr_in
+    integer(c_int32_t), intent(out) :: ierr
+    type(co2_derivatives), intent(out), target :: derivatives
+    real(c_double), intent(out), optional, target :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    type(c_ptr) :: out(output_count)
+    call point_to(out, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call c_ds_derivatives(dens_in, entr_in, ierr, out, &
+      slots_of(c_loc(derivatives), derivative_count))
+  end subroutine
+
+  subroutine co2_ds_states_derivatives(dens_in, entr_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: dens_in(:), entr_in(:)
+    integer(c_int32_t), intent(out), target :: ierr(:)
+    type(co2_derivatives), intent(inout), target :: derivatives(:)
+    real(c_double), intent(out), optional, target, dimension(:) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(batch_outputs) :: out
+    type(strided) :: slots(derivative_count)
+    integer(c_size_t) :: count
+    logical :: agree
+    count = size(dens_in, kind=c_size_t)
+    agree = size(entr_in, kind=c_size_t) == count .and. size(ierr, kind=c_size_t) == count
+    call collect(out, agree, count, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call collect_derivatives(slots, agree, count, derivatives)
+    if (.not. agrees(agree, ok)) return
+    call co2_ds_batch_derivatives(count, inputs(dens_in), inputs(entr_in), codes(ierr), &
+      out, slots)
+  end subroutine
+
+  subroutine co2_dp_states(dens_in, pres_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: dens_in(:), pres_in(:)
+    integer(c_int32_t), intent(out), target :: ierr(:)
+    real(c_double), intent(out), optional, target, dimension(:) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(batch_outputs) :: out
+    integer(c_size_t) :: count
+    logical :: agree
+    count = size(dens_in, kind=c_size_t)
+    agree = size(pres_in, kind=c_size_t) == count .and. size(ierr, kind=c_size_t) == count
+    call collect(out, agree, count, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    if (.not. agrees(agree, ok)) return
+    call co2_dp_batch(count, inputs(dens_in), inputs(pres_in), codes(ierr), out)
+  end subroutine
+
+  subroutine co2_dp_state_derivatives(dens_in, pres_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    real(c_double), intent(in) :: dens_in, pres_in
+    integer(c_int32_t), intent(out) :: ierr
+    type(co2_derivatives), intent(out), target :: derivatives
+    real(c_double), intent(out), optional, target :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    type(c_ptr) :: out(output_count)
+    call point_to(out, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call c_dp_derivatives(dens_in, pres_in, ierr, out, &
+      slots_of(c_loc(derivatives), derivative_count))
+  end subroutine
+
+  subroutine co2_dp_states_derivatives(dens_in, pres_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: dens_in(:), pres_in(:)
+    integer(c_int32_t), intent(out), target :: ierr(:)
+    type(co2_derivatives), intent(inout), target :: derivatives(:)
+    real(c_double), intent(out), optional, target, dimension(:) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(batch_outputs) :: out
+    type(strided) :: slots(derivative_count)
+    integer(c_size_t) :: count
+    logical :: agree
+    count = size(dens_in, kind=c_size_t)
+    agree = size(pres_in, kind=c_size_t) == count .and. size(ierr, kind=c_size_t) == count
+    call collect(out, agree, count, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call collect_derivatives(slots, agree, count, derivatives)
+    if (.not. agrees(agree, ok)) return
+    call co2_dp_batch_derivatives(count, inputs(dens_in), inputs(pres_in), codes(ierr), &
+      out, slots)
+  end subroutine
+
+  subroutine co2_hs_states(enth_in, entr_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: enth_in(:), entr_in(:)
+    integer(c_int32_t), intent(out), target :: ierr(:)
+    real(c_double), intent(out), optional, target, dimension(:) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(batch_outputs) :: out
+    integer(c_size_t) :: count
+    logical :: agree
+    count = size(enth_in, kind=c_size_t)
+    agree = size(entr_in, kind=c_size_t) == count .and. size(ierr, kind=c_size_t) == count
+    call collect(out, agree, count, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    if (.not. agrees(agree, ok)) return
+    call co2_hs_batch(count, inputs(enth_in), inputs(entr_in), codes(ierr), out)
+  end subroutine
+
+  subroutine co2_hs_state_derivatives(enth_in, entr_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    real(c_double), intent(in) :: enth_in, entr_in
+    integer(c_int32_t), intent(out) :: ierr
+    type(co2_derivatives), intent(out), target :: derivatives
+    real(c_double), intent(out), optional, target :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    type(c_ptr) :: out(output_count)
+    call point_to(out, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call c_hs_derivatives(enth_in, entr_in, ierr, out, &
+      slots_of(c_loc(derivatives), derivative_count))
+  end subroutine
+
+  subroutine co2_hs_states_derivatives(enth_in, entr_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: enth_in(:), entr_in(:)
+    integer(c_int32_t), intent(out), target :: ierr(:)
+    type(co2_derivatives), intent(inout), target :: derivatives(:)
+    real(c_double), intent(out), optional, target, dimension(:) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(batch_outputs) :: out
+    type(strided) :: slots(derivative_count)
+    integer(c_size_t) :: count
+    logical :: agree
+    count = size(enth_in, kind=c_size_t)
+    agree = size(entr_in, kind=c_size_t) == count .and. size(ierr, kind=c_size_t) == count
+    call collect(out, agree, count, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call collect_derivatives(slots, agree, count, derivatives)
+    if (.not. agrees(agree, ok)) return
+    call co2_hs_batch_derivatives(count, inputs(enth_in), inputs(entr_in), codes(ierr), &
+      out, slots)
+  end subroutine
+
+  subroutine co2_pu_states(pres_in, inte_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: pres_in(:), inte_in(:)
+    integer(c_int32_t), intent(out), target :: ierr(:)
+    real(c_double), intent(out), optional, target, dimension(:) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(batch_outputs) :: out
+    integer(c_size_t) :: count
+    logical :: agree
+    count = size(pres_in, kind=c_size_t)
+    agree = size(inte_in, kind=c_size_t) == count .and. size(ierr, kind=c_size_t) == count
+    call collect(out, agree, count, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    if (.not. agrees(agree, ok)) return
+    call co2_pu_batch(count, inputs(pres_in), inputs(inte_in), codes(ierr), out)
+  end subroutine
+
+  subroutine co2_pu_state_derivatives(pres_in, inte_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    real(c_double), intent(in) :: pres_in, inte_in
+    integer(c_int32_t), intent(out) :: ierr
+    type(co2_derivatives), intent(out), target :: derivatives
+    real(c_double), intent(out), optional, target :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    type(c_ptr) :: out(output_count)
+    call point_to(out, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call c_pu_derivatives(pres_in, inte_in, ierr, out, &
+      slots_of(c_loc(derivatives), derivative_count))
+  end subroutine
+
+  subroutine co2_pu_states_derivatives(pres_in, inte_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: pres_in(:), inte_in(:)
+    integer(c_int32_t), intent(out), target :: ierr(:)
+    type(co2_derivatives), intent(inout), target :: derivatives(:)
+    real(c_double), intent(out), optional, target, dimension(:) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(batch_outputs) :: out
+    type(strided) :: slots(derivative_count)
+    integer(c_size_t) :: count
+    logical :: agree
+    count = size(pres_in, kind=c_size_t)
+    agree = size(inte_in, kind=c_size_t) == count .and. size(ierr, kind=c_size_t) == count
+    call collect(out, agree, count, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call collect_derivatives(slots, agree, count, derivatives)
+    if (.not. agrees(agree, ok)) return
+    call co2_pu_batch_derivatives(count, inputs(pres_in), inputs(inte_in), codes(ierr), &
+      out, slots)
+  end subroutine
+
+  subroutine co2_ts_states(temp_in, entr_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: temp_in(:), entr_in(:)
+    integer(c_int32_t), intent(out), target :: ierr(:)
+    real(c_double), intent(out), optional, target, dimension(:) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(batch_outputs) :: out
+    integer(c_size_t) :: count
+    logical :: agree
+    count = size(temp_in, kind=c_size_t)
+    agree = size(entr_in, kind=c_size_t) == count .and. size(ierr, kind=c_size_t) == count
+    call collect(out, agree, count, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    if (.not. agrees(agree, ok)) return
+    call co2_ts_batch(count, inputs(temp_in), inputs(entr_in), codes(ierr), out)
+  end subroutine
+
+  subroutine co2_ts_state_derivatives(temp_in, entr_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    real(c_double), intent(in) :: temp_in, entr_in
+    integer(c_int32_t), intent(out) :: ierr
+    type(co2_derivatives), intent(out), target :: derivatives
+    real(c_double), intent(out), optional, target :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    type(c_ptr) :: out(output_count)
+    call point_to(out, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call c_ts_derivatives(temp_in, entr_in, ierr, out, &
+      slots_of(c_loc(derivatives), derivative_count))
+  end subroutine
+
+  subroutine co2_ts_states_derivatives(temp_in, entr_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: temp_in(:), entr_in(:)
+    integer(c_int32_t), intent(out), target :: ierr(:)
+    type(co2_derivatives), intent(inout), target :: derivatives(:)
+    real(c_double), intent(out), optional, target, dimension(:) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(batch_outputs) :: out
+    type(strided) :: slots(derivative_count)
+    integer(c_size_t) :: count
+    logical :: agree
+    count = size(temp_in, kind=c_size_t)
+    agree = size(entr_in, kind=c_size_t) == count .and. size(ierr, kind=c_size_t) == count
+    call collect(out, agree, count, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call collect_derivatives(slots, agree, count, derivatives)
+    if (.not. agrees(agree, ok)) return
+    call co2_ts_batch_derivatives(count, inputs(temp_in), inputs(entr_in), codes(ierr), &
+      out, slots)
+  end subroutine
+
+  subroutine co2_tx_states(temp_in, qual_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: temp_in(:), qual_in(:)
+    integer(c_int32_t), intent(out), target :: ierr(:)
+    real(c_double), intent(out), optional, target, dimension(:) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(batch_outputs) :: out
+    integer(c_size_t) :: count
+    logical :: agree
+    count = size(temp_in, kind=c_size_t)
+    agree = size(qual_in, kind=c_size_t) == count .and. size(ierr, kind=c_size_t) == count
+    call collect(out, agree, count, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    if (.not. agrees(agree, ok)) return
+    call co2_tx_batch(count, inputs(temp_in), inputs(qual_in), codes(ierr), out)
+  end subroutine
+
+  subroutine co2_tx_state_derivatives(temp_in, qual_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    real(c_double), intent(in) :: temp_in, qual_in
+    integer(c_int32_t), intent(out) :: ierr
+    type(co2_derivatives), intent(out), target :: derivatives
+    real(c_double), intent(out), optional, target :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    type(c_ptr) :: out(output_count)
+    call point_to(out, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call c_tx_derivatives(temp_in, qual_in, ierr, out, &
+      slots_of(c_loc(derivatives), derivative_count))
+  end subroutine
+
+  subroutine co2_tx_states_derivatives(temp_in, qual_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: temp_in(:), qual_in(:)
+    integer(c_int32_t), intent(out), target :: ierr(:)
+    type(co2_derivatives), intent(inout), target :: derivatives(:)
+    real(c_double), intent(out), optional, target, dimension(:) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(batch_outputs) :: out
+    type(strided) :: slots(derivative_count)
+    integer(c_size_t) :: count
+    logical :: agree
+    count = size(temp_in, kind=c_size_t)
+    agree = size(qual_in, kind=c_size_t) == count .and. size(ierr, kind=c_size_t) == count
+    call collect(out, agree, count, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call collect_derivatives(slots, agree, count, derivatives)
+    if (.not. agrees(agree, ok)) return
+    call co2_tx_batch_derivatives(count, inputs(temp_in), inputs(qual_in), codes(ierr), &
+      out, slots)
+  end subroutine
+
+  subroutine co2_px_states(pres_in, qual_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: pres_in(:), qual_in(:)
+    integer(c_int32_t), intent(out), target :: ierr(:)
+    real(c_double), intent(out), optional, target, dimension(:) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(batch_outputs) :: out
+    integer(c_size_t) :: count
+    logical :: agree
+    count = size(pres_in, kind=c_size_t)
+    agree = size(qual_in, kind=c_size_t) == count .and. size(ierr, kind=c_size_t) == count
+    call collect(out, agree, count, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    if (.not. agrees(agree, ok)) return
+    call co2_px_batch(count, inputs(pres_in), inputs(qual_in), codes(ierr), out)
+  end subroutine
+
+  subroutine co2_px_state_derivatives(pres_in, qual_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    real(c_double), intent(in) :: pres_in, qual_in
+    integer(c_int32_t), intent(out) :: ierr
+    type(co2_derivatives), intent(out), target :: derivatives
+    real(c_double), intent(out), optional, target :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    type(c_ptr) :: out(output_count)
+    call point_to(out, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call c_px_derivatives(pres_in, qual_in, ierr, out, &
+      slots_of(c_loc(derivatives), derivative_count))
+  end subroutine
+
+  subroutine co2_px_states_derivatives(pres_in, qual_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: pres_in(:), qual_in(:)
+    integer(c_int32_t), intent(out), target :: ierr(:)
+    type(co2_derivatives), intent(inout), target :: derivatives(:)
+    real(c_double), intent(out), optional, target, dimension(:) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(batch_outputs) :: out
+    type(strided) :: slots(derivative_count)
+    integer(c_size_t) :: count
+    logical :: agree
+    count = size(pres_in, kind=c_size_t)
+    agree = size(qual_in, kind=c_size_t) == count .and. size(ierr, kind=c_size_t) == count
+    call collect(out, agree, count, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call collect_derivatives(slots, agree, count, derivatives)
+    if (.not. agrees(agree, ok)) return
+    call co2_px_batch_derivatives(count, inputs(pres_in), inputs(qual_in), codes(ierr), &
+      out, slots)
+  end subroutine
+
+  ! entries: end
+
+  subroutine co2_sat_t_state(temp_in, ierr, liq, vap, latent_heat, dpdt_sat)
+    real(c_double), intent(in) :: temp_in
+    integer(c_int32_t), intent(out) :: ierr
+    type(co2_state), intent(out), optional, target :: liq, vap
+    real(c_double), intent(out), optional, target :: latent_heat, dpdt_sat
+    type(saturation_output) :: out
+    if (present(liq)) out%liq = slots_of(c_loc(liq), output_count)
+    if (present(vap)) out%vap = slots_of(c_loc(vap), output_count)
+    if (present(latent_heat)) out%latent_heat = c_loc(latent_heat)
+    if (present(dpdt_sat)) out%dpdt_sat = c_loc(dpdt_sat)
+    call c_sat_t(temp_in, ierr, out)
+  end subroutine
+
+  subroutine co2_sat_t_states(temp_in, ierr, liq, vap, latent_heat, dpdt_sat, ok)
+    real(c_double), intent(in), target :: temp_in(:)
+    integer(c_int32_t), intent(out), target :: ierr(:)
+    type(co2_state), intent(out), optional, target :: liq(:), vap(:)
+    real(c_double), intent(out), optional, target :: latent_heat(:), dpdt_sat(:)
+    logical, intent(out), optional :: ok
+    type(saturation_outputs) :: out
+    integer(c_size_t) :: count
+    logical :: agree
+    count = size(temp_in, kind=c_size_t)
+    agree = size(ierr, kind=c_size_t) == count
+    call collect_phase(out%liq, agree, count, liq)
+    call collect_phase(out%vap, agree, count, vap)
+    call collect_values(out%latent_heat, agree, count, latent_heat)
+    call collect_values(out%dpdt_sat, agree, count, dpdt_sat)
+    if (.not. agrees(agree, ok)) return
+    call co2_sat_t_batch(count, inputs(temp_in), codes(ierr), out)
+  end subroutine
+
+  subroutine co2_sat_p_state(pres_in, ierr, liq, vap, latent_heat, dpdt_sat)
+    real(c_double), intent(in) :: pres_in
+    integer(c_int32_t), intent(out) :: ierr
+    type(co2_state), intent(out), optional, target :: liq, vap
+    real(c_double), intent(out), optional, target :: latent_heat, dpdt_sat
+    type(saturation_output) :: out
+    if (present(liq)) out%liq = slots_of(c_loc(liq), output_count)
+    if (present(vap)) out%vap = slots_of(c_loc(vap), output_count)
+    if (present(latent_heat)) out%latent_heat = c_loc(latent_heat)
+    if (present(dpdt_sat)) out%dpdt_sat = c_loc(dpdt_sat)
+    call c_sat_p(pres_in, ierr, out)
+  end subroutine
+
+  subroutine co2_sat_p_states(pres_in, ierr, liq, vap, latent_heat, dpdt_sat, ok)
+    real(c_double), intent(in), target :: pres_in(:)
+    integer(c_int32_t), intent(out), target :: ierr(:)
+    type(co2_state), intent(out), optional, target :: liq(:), vap(:)
+    real(c_double), intent(out), optional, target :: latent_heat(:), dpdt_sat(:)
+    logical, intent(out), optional :: ok
+    type(saturation_outputs) :: out
+    integer(c_size_t) :: count
+    logical :: agree
+    count = size(pres_in, kind=c_size_t)
+    agree = size(ierr, kind=c_size_t) == count
+    call collect_phase(out%liq, agree, count, liq)
+    call collect_phase(out%vap, agree, count, vap)
+    call collect_values(out%latent_heat, agree, count, latent_heat)
+    call collect_values(out%dpdt_sat, agree, count, dpdt_sat)
+    if (.not. agrees(agree, ok)) return
+    call co2_sat_p_batch(count, inputs(pres_in), codes(ierr), out)
+  end subroutine
+
+  !> A phase of states of saturation as C takes it; agree becomes false if the size is not count.
+  subroutine collect_phase(slots, agree, count, states)
+    type(strided), intent(inout) :: slots(output_count)
+    logical, intent(inout) :: agree
+    integer(c_size_t), intent(in) :: count
+    type(co2_state), intent(inout), optional, target :: states(:)
+    integer(c_ptrdiff_t) :: stride
+    if (.not. present(states)) return
+    agree = agree .and. size(states, kind=c_size_t) == count
+    if (size(states) == 0) return
+    stride = output_count
+    if (size(states) > 1) stride = apart(c_loc(states(1)), c_loc(states(2)), 8)
+    slots = members(c_loc(states(1)), output_count, int(stride))
+  end subroutine
+
+  !> The same of the derivatives.
+  subroutine collect_derivatives(slots, agree, count, derivatives)
+    type(strided), intent(inout) :: slots(derivative_count)
+    logical, intent(inout) :: agree
+    integer(c_size_t), intent(in) :: count
+    type(co2_derivatives), intent(inout), target :: derivatives(:)
+    integer(c_ptrdiff_t) :: stride
+    agree = agree .and. size(derivatives, kind=c_size_t) == count
+    if (size(derivatives) == 0) return
+    stride = derivative_count
+    if (size(derivatives) > 1) stride = apart(c_loc(derivatives(1)), c_loc(derivatives(2)), 8)
+    slots = members(c_loc(derivatives(1)), derivative_count, int(stride))
+  end subroutine
+
+  subroutine collect_values(slot, agree, count, values)
+    type(strided), intent(inout) :: slot
+    logical, intent(inout) :: agree
+    integer(c_size_t), intent(in) :: count
+    real(c_double), intent(inout), optional, target :: values(:)
+    if (.not. present(values)) return
+    agree = agree .and. size(values, kind=c_size_t) == count
+    if (size(values, kind=c_size_t) > 0) slot = inputs(values)
+  end subroutine
+
+  !> The reals that follow each other in the first of some records, and how far apart records are.
+  function members(first, count, stride)
+    type(c_ptr), intent(in) :: first
+    integer, intent(in) :: count, stride
+    type(strided) :: members(count)
+    integer :: k
+    do k = 1, count
+      members(k) = strided(behind(first, k - 1), int(stride, c_ptrdiff_t))
+    end do
+  end function
+  function slots_of(first, count)
+    type(c_ptr), intent(in) :: first
+    integer, intent(in) :: count
+    type(c_ptr) :: slots_of(count)
+    integer :: k
+    do k = 1, count
+      slots_of(k) = behind(first, k - 1)
+    end do
+  end function
+  function behind(first, count)
+    type(c_ptr), intent(in) :: first
+    integer, intent(in) :: count
+    type(c_ptr) :: behind
+    behind = transfer(transfer(first, 0_c_intptr_t) + 8_c_intptr_t*count, behind)
+  end function
+
+  !> The outputs of one state, as C takes them.
+  subroutine point_to(out, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    type(c_ptr), intent(out) :: out(output_count)
+    real(c_double), intent(inout), optional, target :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    out = c_null_ptr
+    ! outputs: begin, written by scripts/generate_outputs
+    if (present(temp)) out(1) = c_loc(temp)
+    if (present(pres)) out(2) = c_loc(pres)
+    if (present(dens)) out(3) = c_loc(dens)
+    if (present(svol)) out(4) = c_loc(svol)
+    if (present(qual)) out(5) = c_loc(qual)
+    if (present(inte)) out(6) = c_loc(inte)
+    if (present(enth)) out(7) = c_loc(enth)
+    if (present(entr)) out(8) = c_loc(entr)
+    if (present(cv)) out(9) = c_loc(cv)
+    if (present(cp)) out(10) = c_loc(cp)
+    if (present(ssnd)) out(11) = c_loc(ssnd)
+    if (present(visc)) out(12) = c_loc(visc)
+    if (present(cond)) out(13) = c_loc(cond)
+    if (present(dpdd)) out(14) = c_loc(dpdd)
+    if (present(dpdt)) out(15) = c_loc(dpdt)
+    if (present(dhdd)) out(16) = c_loc(dhdd)
+    if (present(dhdt)) out(17) = c_loc(dhdt)
+    if (present(dsdd)) out(18) = c_loc(dsdd)
+    if (present(dsdt)) out(19) = c_loc(dsdt)
+    ! outputs: end
   end subroutine
 
   !> The outputs of a batch as C takes them; agree becomes false if the size of one is not count.
@@ -450,9 +1884,7 @@ contains
     subroutine put(slot, values)
       type(strided), intent(inout) :: slot
       real(c_double), intent(inout), optional, target :: values(:)
-      if (.not. present(values)) return
-      agree = agree .and. size(values, kind=c_size_t) == count
-      if (size(values, kind=c_size_t) > 0) slot = inputs(values)
+      call collect_values(slot, agree, count, values)
     end subroutine
   end subroutine
 

@@ -17,9 +17,11 @@
 #include <cstdint>
 
 #include "co2_properties/batch.hpp"
+#include "co2_properties/derivative_set.hpp"
 #include "co2_properties/helmholtz_derivatives.hpp"
 #include "co2_properties/limits.hpp"
 #include "co2_properties/output_set.hpp"
+#include "co2_properties/saturation_set.hpp"
 #include "co2_properties/status.hpp"
 
 // The shared library exports what is declared between these lines, and nothing else. The headers of
@@ -68,16 +70,6 @@ namespace co2_properties {
 void co2_td(const double& temp_in, const double& dens_in, std::int32_t& ierr,
             const OutputSet& out) noexcept;
 
-/// The same with the outputs in their fixed order.
-void co2_td(const double& temp_in, const double& dens_in, std::int32_t& ierr,
-            double* temp = nullptr, double* pres = nullptr, double* dens = nullptr,
-            double* svol = nullptr, double* qual = nullptr, double* inte = nullptr,
-            double* enth = nullptr, double* entr = nullptr, double* cv = nullptr,
-            double* cp = nullptr, double* ssnd = nullptr, double* visc = nullptr,
-            double* cond = nullptr, double* dpdd = nullptr, double* dpdt = nullptr,
-            double* dhdd = nullptr, double* dhdt = nullptr, double* dsdd = nullptr,
-            double* dsdt = nullptr) noexcept;
-
 /// State from temperature and pressure; never two-phase.
 /// \param temp_in  temperature, K, 240 to 1500
 /// \param pres_in  pressure, kPa, 1 to 100000
@@ -94,16 +86,6 @@ void co2_td(const double& temp_in, const double& dens_in, std::int32_t& ierr,
 /// gives 207.
 void co2_tp(const double& temp_in, const double& pres_in, std::int32_t& ierr,
             const OutputSet& out) noexcept;
-
-/// The same with the outputs in their fixed order.
-void co2_tp(const double& temp_in, const double& pres_in, std::int32_t& ierr,
-            double* temp = nullptr, double* pres = nullptr, double* dens = nullptr,
-            double* svol = nullptr, double* qual = nullptr, double* inte = nullptr,
-            double* enth = nullptr, double* entr = nullptr, double* cv = nullptr,
-            double* cp = nullptr, double* ssnd = nullptr, double* visc = nullptr,
-            double* cond = nullptr, double* dpdd = nullptr, double* dpdt = nullptr,
-            double* dhdd = nullptr, double* dhdt = nullptr, double* dsdd = nullptr,
-            double* dsdt = nullptr) noexcept;
 
 /// State from pressure and enthalpy.
 /// \param pres_in  pressure, kPa, 1 to 100000
@@ -122,16 +104,6 @@ void co2_tp(const double& temp_in, const double& pres_in, std::int32_t& ierr,
 void co2_ph(const double& pres_in, const double& enth_in, std::int32_t& ierr,
             const OutputSet& out) noexcept;
 
-/// The same with the outputs in their fixed order.
-void co2_ph(const double& pres_in, const double& enth_in, std::int32_t& ierr,
-            double* temp = nullptr, double* pres = nullptr, double* dens = nullptr,
-            double* svol = nullptr, double* qual = nullptr, double* inte = nullptr,
-            double* enth = nullptr, double* entr = nullptr, double* cv = nullptr,
-            double* cp = nullptr, double* ssnd = nullptr, double* visc = nullptr,
-            double* cond = nullptr, double* dpdd = nullptr, double* dpdt = nullptr,
-            double* dhdd = nullptr, double* dhdt = nullptr, double* dsdd = nullptr,
-            double* dsdt = nullptr) noexcept;
-
 /// State from pressure and entropy; as `co2_ph`, with its own codes.
 /// \param pres_in  pressure, kPa, 1 to 100000
 /// \param entr_in  specific entropy, kJ/(kg K), of a temperature of 240 K to 1500 K
@@ -140,7 +112,180 @@ void co2_ph(const double& pres_in, const double& enth_in, std::int32_t& ierr,
 void co2_ps(const double& pres_in, const double& entr_in, std::int32_t& ierr,
             const OutputSet& out) noexcept;
 
-/// The same with the outputs in their fixed order.
+/// State from density and internal energy.
+/// \param dens_in  density, kg/m3, from 0.0035287466 up to that of 100000 kPa
+/// \param inte_in  specific internal energy, kJ/kg, of a temperature of 240 K to 1500 K
+/// \param ierr     0; -501 two phases and one of cv, cp, ssnd, visc, cond is present; the errors,
+/// in
+///                 the order of the tests: 505 not a finite number, 503 density below its lowest
+///                 value, then for an energy that no state of the range has at the density the
+///                 limit that it lies beyond: 501 temperature below 240, 503 pressure below 1, 502
+///                 temperature above 1500, 504 pressure above 100000
+///
+/// Energy rises with temperature at any density, and the states of one density end where the first
+/// limit is reached: 240 K or 1 kPa below, 1500 K or 100000 kPa above. An energy beyond an end gets
+/// the code of the limit there, however far it lies; a density that has more than 100000 kPa at 240
+/// K gets 504.
+///
+/// The phase is the one that `co2_td` decides at the temperature found, and so are the outputs:
+/// with the energy met to 5e-12 and temperature to 1e-12, as far as rounding lets them. Where two
+/// elements meet energies jump by up to 1e-4 kJ/kg, and closer to an edge than 0.01 K a state may
+/// belong to either of them. At 304.1282 K itself and 463 to 474 kg/m3 they jump by 4e-6 of their
+/// value: what lies inside the jump gets the nearest state.
+void co2_du(const double& dens_in, const double& inte_in, std::int32_t& ierr,
+            const OutputSet& out) noexcept;
+
+/// State from density and enthalpy; as `co2_du`, with its own codes.
+/// \param dens_in  density, kg/m3, from 0.0035287466 up to that of 100000 kPa
+/// \param enth_in  specific enthalpy, kJ/kg, of a temperature of 240 K to 1500 K
+/// \param ierr     0; -601 and 601 to 605 as -501 and 501 to 505 in `co2_du`
+void co2_dh(const double& dens_in, const double& enth_in, std::int32_t& ierr,
+            const OutputSet& out) noexcept;
+
+/// State from density and entropy; as `co2_du`, with its own codes.
+/// \param dens_in  density, kg/m3, from 0.0035287466 up to that of 100000 kPa
+/// \param entr_in  specific entropy, kJ/(kg K), of a temperature of 240 K to 1500 K
+/// \param ierr     0; -701 and 701 to 705 as -501 and 501 to 505 in `co2_du`
+void co2_ds(const double& dens_in, const double& entr_in, std::int32_t& ierr,
+            const OutputSet& out) noexcept;
+
+/// State from density and pressure; as `co2_du`, with its own codes.
+/// \param dens_in  density, kg/m3, from 0.0035287466 up to that of 100000 kPa
+/// \param pres_in  pressure, kPa, 1 to 100000
+/// \param ierr     0; -801 as -501 in `co2_du`; the errors, in the order of the tests: 805 not a
+///                 finite number, 803 density below its lowest value or pressure below 1, 804
+///                 pressure above 100000, 801 temperature below 240, 802 temperature above 1500,
+///                 804 a density that 100000 kPa does not reach at 240 K
+///
+/// In two phases the temperature is that of `calc_sat_pres`. Pressure rises with temperature
+/// at any density: there is one state.
+void co2_dp(const double& dens_in, const double& pres_in, std::int32_t& ierr,
+            const OutputSet& out) noexcept;
+
+/// State from enthalpy and entropy.
+/// \param enth_in  specific enthalpy, kJ/kg
+/// \param entr_in  specific entropy, kJ/(kg K)
+/// \param ierr     0; -901 two phases and one of cv, cp, ssnd, visc, cond is present; the errors,
+/// in
+///                 the order of the tests: 905 not a finite number, 901 temperature below 240, 902
+///                 temperature above 1500, 903 pressure below 1, 904 pressure above 100000, all of
+///                 them however far
+///
+/// Along an isentrope enthalpy, temperature and pressure rise together: the state is unique, of one
+/// phase or two, which are told apart as by `co2_ts` at its temperature. Both inputs are met to
+/// 1e-11 of them, or of 1, but for one in some 10^6 mixtures, of which a phase lies on the edge
+/// between two elements and the enthalpy is met to 1e-9; the outputs are those of `co2_td`.
+void co2_hs(const double& enth_in, const double& entr_in, std::int32_t& ierr,
+            const OutputSet& out) noexcept;
+
+/// State from pressure and internal energy.
+/// \param pres_in  pressure, kPa, 1 to 100000
+/// \param inte_in  specific internal energy, kJ/kg, of a temperature of 240 K to 1500 K
+/// \param ierr     0; -1001 two phases and one of cv, cp, ssnd, visc, cond is present: all of them
+///                 are zero then; -1002 as -302 in `co2_ph`; the errors 1003 pressure below 1, 1004
+///                 pressure above 100000, 1001 temperature below 240, 1002 temperature above 1500,
+///                 both however far, 1005 NaN or an infinite energy
+///
+/// An energy between those of saturated liquid and vapour is a mixture at the saturation
+/// temperature; unlike in `co2_ph` there are none below 1282.4835 kPa, where it would be less than
+/// 240 K. Otherwise as `co2_ph`.
+void co2_pu(const double& pres_in, const double& inte_in, std::int32_t& ierr,
+            const OutputSet& out) noexcept;
+
+/// State from temperature and entropy.
+/// \param temp_in  temperature, K, 240 to 1500
+/// \param entr_in  specific entropy, kJ/(kg K), of a pressure of 1 kPa to 100000 kPa
+/// \param ierr     0; -1101 two phases and one of cv, cp, ssnd, visc, cond is present; the errors,
+///                 in the order of the tests: 1105 not a finite number, 1101 temperature below 240,
+///                 1102 temperature above 1500, 1103 pressure below 1, 1104 pressure above 100000,
+///                 both however far
+///
+/// Entropy falls with density. Below the critical temperature one between those of saturated liquid
+/// and vapour is a mixture, with the outputs of `co2_td`. Otherwise the density is that at which an
+/// element's entropy meets the given one to 1e-11 of it, or of 1, and the outputs are those of
+/// `co2_td` there.
+void co2_ts(const double& temp_in, const double& entr_in, std::int32_t& ierr,
+            const OutputSet& out) noexcept;
+
+/// Mixture from temperature and quality.
+/// \param temp_in  temperature, K, 240 to 304.1282
+/// \param qual_in  vapour mass fraction, 0 to 1: both ends are mixtures too, see `co2_sat_t` for
+///                 the phases
+/// \param ierr     0; -1401 one of cv, cp, ssnd, visc, cond is present: they are zero; the
+///                 errors, in the order of the tests: 1401 temperature below 240, 1402 above
+///                 304.1282, 1405 NaN, 1406 quality below 0 or above 1
+///
+/// The outputs are those of `co2_td` at the density of the mixture; `qual` is the given one.
+void co2_tx(const double& temp_in, const double& qual_in, std::int32_t& ierr,
+            const OutputSet& out) noexcept;
+
+/// Mixture from pressure and quality.
+/// \param pres_in  pressure, kPa, 1282.4835 to 7377.3
+/// \param qual_in  as for `co2_tx`
+/// \param ierr     as for `co2_tx`, from -1501 on: 1503 pressure below 1282.4835, 1504 above
+///                 7377.3, 1505 NaN, 1506 quality below 0 or above 1
+///
+/// The temperature is that of `co2_sat_p`. `co2_ph` and `co2_ps` take it from `calc_sat_temp`, up
+/// to 7e-5 K away.
+void co2_px(const double& pres_in, const double& qual_in, std::int32_t& ierr,
+            const OutputSet& out) noexcept;
+
+// The same with derivatives; one that mixtures have not raises the warning, too.
+// entries: begin, written by scripts/generate_entries
+void co2_td(const double& temp_in, const double& dens_in, std::int32_t& ierr, const OutputSet& out,
+            const DerivativeSet& derivatives) noexcept;
+void co2_tp(const double& temp_in, const double& pres_in, std::int32_t& ierr, const OutputSet& out,
+            const DerivativeSet& derivatives) noexcept;
+void co2_ph(const double& pres_in, const double& enth_in, std::int32_t& ierr, const OutputSet& out,
+            const DerivativeSet& derivatives) noexcept;
+void co2_ps(const double& pres_in, const double& entr_in, std::int32_t& ierr, const OutputSet& out,
+            const DerivativeSet& derivatives) noexcept;
+void co2_du(const double& dens_in, const double& inte_in, std::int32_t& ierr, const OutputSet& out,
+            const DerivativeSet& derivatives) noexcept;
+void co2_dh(const double& dens_in, const double& enth_in, std::int32_t& ierr, const OutputSet& out,
+            const DerivativeSet& derivatives) noexcept;
+void co2_ds(const double& dens_in, const double& entr_in, std::int32_t& ierr, const OutputSet& out,
+            const DerivativeSet& derivatives) noexcept;
+void co2_dp(const double& dens_in, const double& pres_in, std::int32_t& ierr, const OutputSet& out,
+            const DerivativeSet& derivatives) noexcept;
+void co2_hs(const double& enth_in, const double& entr_in, std::int32_t& ierr, const OutputSet& out,
+            const DerivativeSet& derivatives) noexcept;
+void co2_pu(const double& pres_in, const double& inte_in, std::int32_t& ierr, const OutputSet& out,
+            const DerivativeSet& derivatives) noexcept;
+void co2_ts(const double& temp_in, const double& entr_in, std::int32_t& ierr, const OutputSet& out,
+            const DerivativeSet& derivatives) noexcept;
+void co2_tx(const double& temp_in, const double& qual_in, std::int32_t& ierr, const OutputSet& out,
+            const DerivativeSet& derivatives) noexcept;
+void co2_px(const double& pres_in, const double& qual_in, std::int32_t& ierr, const OutputSet& out,
+            const DerivativeSet& derivatives) noexcept;
+// entries: end
+
+// The same with the outputs in their fixed order.
+// entries: begin, written by scripts/generate_entries
+void co2_td(const double& temp_in, const double& dens_in, std::int32_t& ierr,
+            double* temp = nullptr, double* pres = nullptr, double* dens = nullptr,
+            double* svol = nullptr, double* qual = nullptr, double* inte = nullptr,
+            double* enth = nullptr, double* entr = nullptr, double* cv = nullptr,
+            double* cp = nullptr, double* ssnd = nullptr, double* visc = nullptr,
+            double* cond = nullptr, double* dpdd = nullptr, double* dpdt = nullptr,
+            double* dhdd = nullptr, double* dhdt = nullptr, double* dsdd = nullptr,
+            double* dsdt = nullptr) noexcept;
+void co2_tp(const double& temp_in, const double& pres_in, std::int32_t& ierr,
+            double* temp = nullptr, double* pres = nullptr, double* dens = nullptr,
+            double* svol = nullptr, double* qual = nullptr, double* inte = nullptr,
+            double* enth = nullptr, double* entr = nullptr, double* cv = nullptr,
+            double* cp = nullptr, double* ssnd = nullptr, double* visc = nullptr,
+            double* cond = nullptr, double* dpdd = nullptr, double* dpdt = nullptr,
+            double* dhdd = nullptr, double* dhdt = nullptr, double* dsdd = nullptr,
+            double* dsdt = nullptr) noexcept;
+void co2_ph(const double& pres_in, const double& enth_in, std::int32_t& ierr,
+            double* temp = nullptr, double* pres = nullptr, double* dens = nullptr,
+            double* svol = nullptr, double* qual = nullptr, double* inte = nullptr,
+            double* enth = nullptr, double* entr = nullptr, double* cv = nullptr,
+            double* cp = nullptr, double* ssnd = nullptr, double* visc = nullptr,
+            double* cond = nullptr, double* dpdd = nullptr, double* dpdt = nullptr,
+            double* dhdd = nullptr, double* dhdt = nullptr, double* dsdd = nullptr,
+            double* dsdt = nullptr) noexcept;
 void co2_ps(const double& pres_in, const double& entr_in, std::int32_t& ierr,
             double* temp = nullptr, double* pres = nullptr, double* dens = nullptr,
             double* svol = nullptr, double* qual = nullptr, double* inte = nullptr,
@@ -149,6 +294,101 @@ void co2_ps(const double& pres_in, const double& entr_in, std::int32_t& ierr,
             double* cond = nullptr, double* dpdd = nullptr, double* dpdt = nullptr,
             double* dhdd = nullptr, double* dhdt = nullptr, double* dsdd = nullptr,
             double* dsdt = nullptr) noexcept;
+void co2_du(const double& dens_in, const double& inte_in, std::int32_t& ierr,
+            double* temp = nullptr, double* pres = nullptr, double* dens = nullptr,
+            double* svol = nullptr, double* qual = nullptr, double* inte = nullptr,
+            double* enth = nullptr, double* entr = nullptr, double* cv = nullptr,
+            double* cp = nullptr, double* ssnd = nullptr, double* visc = nullptr,
+            double* cond = nullptr, double* dpdd = nullptr, double* dpdt = nullptr,
+            double* dhdd = nullptr, double* dhdt = nullptr, double* dsdd = nullptr,
+            double* dsdt = nullptr) noexcept;
+void co2_dh(const double& dens_in, const double& enth_in, std::int32_t& ierr,
+            double* temp = nullptr, double* pres = nullptr, double* dens = nullptr,
+            double* svol = nullptr, double* qual = nullptr, double* inte = nullptr,
+            double* enth = nullptr, double* entr = nullptr, double* cv = nullptr,
+            double* cp = nullptr, double* ssnd = nullptr, double* visc = nullptr,
+            double* cond = nullptr, double* dpdd = nullptr, double* dpdt = nullptr,
+            double* dhdd = nullptr, double* dhdt = nullptr, double* dsdd = nullptr,
+            double* dsdt = nullptr) noexcept;
+void co2_ds(const double& dens_in, const double& entr_in, std::int32_t& ierr,
+            double* temp = nullptr, double* pres = nullptr, double* dens = nullptr,
+            double* svol = nullptr, double* qual = nullptr, double* inte = nullptr,
+            double* enth = nullptr, double* entr = nullptr, double* cv = nullptr,
+            double* cp = nullptr, double* ssnd = nullptr, double* visc = nullptr,
+            double* cond = nullptr, double* dpdd = nullptr, double* dpdt = nullptr,
+            double* dhdd = nullptr, double* dhdt = nullptr, double* dsdd = nullptr,
+            double* dsdt = nullptr) noexcept;
+void co2_dp(const double& dens_in, const double& pres_in, std::int32_t& ierr,
+            double* temp = nullptr, double* pres = nullptr, double* dens = nullptr,
+            double* svol = nullptr, double* qual = nullptr, double* inte = nullptr,
+            double* enth = nullptr, double* entr = nullptr, double* cv = nullptr,
+            double* cp = nullptr, double* ssnd = nullptr, double* visc = nullptr,
+            double* cond = nullptr, double* dpdd = nullptr, double* dpdt = nullptr,
+            double* dhdd = nullptr, double* dhdt = nullptr, double* dsdd = nullptr,
+            double* dsdt = nullptr) noexcept;
+void co2_hs(const double& enth_in, const double& entr_in, std::int32_t& ierr,
+            double* temp = nullptr, double* pres = nullptr, double* dens = nullptr,
+            double* svol = nullptr, double* qual = nullptr, double* inte = nullptr,
+            double* enth = nullptr, double* entr = nullptr, double* cv = nullptr,
+            double* cp = nullptr, double* ssnd = nullptr, double* visc = nullptr,
+            double* cond = nullptr, double* dpdd = nullptr, double* dpdt = nullptr,
+            double* dhdd = nullptr, double* dhdt = nullptr, double* dsdd = nullptr,
+            double* dsdt = nullptr) noexcept;
+void co2_pu(const double& pres_in, const double& inte_in, std::int32_t& ierr,
+            double* temp = nullptr, double* pres = nullptr, double* dens = nullptr,
+            double* svol = nullptr, double* qual = nullptr, double* inte = nullptr,
+            double* enth = nullptr, double* entr = nullptr, double* cv = nullptr,
+            double* cp = nullptr, double* ssnd = nullptr, double* visc = nullptr,
+            double* cond = nullptr, double* dpdd = nullptr, double* dpdt = nullptr,
+            double* dhdd = nullptr, double* dhdt = nullptr, double* dsdd = nullptr,
+            double* dsdt = nullptr) noexcept;
+void co2_ts(const double& temp_in, const double& entr_in, std::int32_t& ierr,
+            double* temp = nullptr, double* pres = nullptr, double* dens = nullptr,
+            double* svol = nullptr, double* qual = nullptr, double* inte = nullptr,
+            double* enth = nullptr, double* entr = nullptr, double* cv = nullptr,
+            double* cp = nullptr, double* ssnd = nullptr, double* visc = nullptr,
+            double* cond = nullptr, double* dpdd = nullptr, double* dpdt = nullptr,
+            double* dhdd = nullptr, double* dhdt = nullptr, double* dsdd = nullptr,
+            double* dsdt = nullptr) noexcept;
+void co2_tx(const double& temp_in, const double& qual_in, std::int32_t& ierr,
+            double* temp = nullptr, double* pres = nullptr, double* dens = nullptr,
+            double* svol = nullptr, double* qual = nullptr, double* inte = nullptr,
+            double* enth = nullptr, double* entr = nullptr, double* cv = nullptr,
+            double* cp = nullptr, double* ssnd = nullptr, double* visc = nullptr,
+            double* cond = nullptr, double* dpdd = nullptr, double* dpdt = nullptr,
+            double* dhdd = nullptr, double* dhdt = nullptr, double* dsdd = nullptr,
+            double* dsdt = nullptr) noexcept;
+void co2_px(const double& pres_in, const double& qual_in, std::int32_t& ierr,
+            double* temp = nullptr, double* pres = nullptr, double* dens = nullptr,
+            double* svol = nullptr, double* qual = nullptr, double* inte = nullptr,
+            double* enth = nullptr, double* entr = nullptr, double* cv = nullptr,
+            double* cp = nullptr, double* ssnd = nullptr, double* visc = nullptr,
+            double* cond = nullptr, double* dpdd = nullptr, double* dpdt = nullptr,
+            double* dhdd = nullptr, double* dhdt = nullptr, double* dsdd = nullptr,
+            double* dsdt = nullptr) noexcept;
+// entries: end
+
+// ---- Saturation --------------------------------------------------------------------------------
+
+/// Both phases at a saturation temperature.
+/// \param temp_in  temperature, K, 240 to 304.1282
+/// \param ierr     0; 1201 temperature below 240, 1202 above 304.1282, 1205 NaN. An error zeroes
+///                 every present output.
+/// \param out      any subset of the outputs of both phases, latent heat and slope of the line
+///
+/// The slope is that of the equation of Clapeyron with entropies and volumes of the phases. At the
+/// critical temperature both phases are the critical state; just below it the densities of the fits
+/// are 473.62 kg/m3 and 465.87 kg/m3.
+void co2_sat_t(const double& temp_in, std::int32_t& ierr, const SaturationSet& out) noexcept;
+
+/// Both phases at a saturation pressure.
+/// \param pres_in  pressure, kPa, 1282.4835 to 7377.3
+/// \param ierr     0; 1303 pressure below 1282.4835, 1304 above 7377.3, 1305 NaN
+/// \param out      as for `co2_sat_t`
+///
+/// The temperature is the one at which `calc_sat_pres` meets the pressure to 1e-12, or 1e-11 within
+/// 0.3 kPa of its end; from 7377.2984 kPa on, where it ends, the critical temperature.
+void co2_sat_p(const double& pres_in, std::int32_t& ierr, const SaturationSet& out) noexcept;
 
 // ---- Constants, messages, outputs --------------------------------------------------------------
 

@@ -28,6 +28,38 @@ struct Pressure {
   }
 };
 
+/// Specific volume, m3/kg.
+struct SpecificVolume {
+  template <class V>
+  [[nodiscard, gnu::always_inline]] static PropertyExpansion<V> expand(const Evaluation<V>& /*e*/,
+                                                                       const V& /*temp*/,
+                                                                       const V& dens) noexcept {
+    const V svol = 1.0 / dens;
+    const V zero = broadcast<V>(0.0);
+    return {svol, zero, -svol, zero, zero, svol + svol};
+  }
+};
+
+/// Specific internal energy, kJ/kg.
+struct InternalEnergy {
+  template <class V>
+  [[nodiscard, gnu::always_inline]] static V value(const Derivatives<V>& d,
+                                                   const V& temp) noexcept {
+    return internal_energy(d, temp);
+  }
+  template <class V>
+  [[nodiscard, gnu::always_inline]] static PropertyExpansion<V> expand(const Evaluation<V>& e,
+                                                                       const V& temp,
+                                                                       const V& /*dens*/) noexcept {
+    return {value(e.d, temp),
+            isochoric_heat_capacity(e.d, temp),
+            e.d.pv - temp * e.d.pv_t,
+            -(e.d.a_tt + temp * e.third.a_ttt),
+            -(temp * e.third.pv_tt),
+            (e.d.dpdd - 2.0 * e.d.pv) - temp * (e.third.dpdd_t - 2.0 * e.d.pv_t)};
+  }
+};
+
 /// Specific enthalpy, kJ/kg.
 struct Enthalpy {
   template <class V>

@@ -49,7 +49,15 @@ struct PatchFit {
 /// Value of a fit at one state.
 [[nodiscard]] double evaluate_fit_at(const PatchFit& fit, double temp, double dens) noexcept;
 
-/// The same for one state or for several.
+/// A fit with its derivatives at one state.
+struct FitGradient {
+  double value;
+  double temp;  ///< in temperature, 1/K
+  double dens;  ///< in density, m3/kg
+};
+[[nodiscard]] FitGradient fit_gradient(const PatchFit& fit, double temp, double dens) noexcept;
+
+/// Value of a fit at one state or at several.
 template <class V>
 [[nodiscard, gnu::always_inline]] inline V evaluate_fit(const PatchFit& fit, const V& temp,
                                                         const V& dens) noexcept {

@@ -48,4 +48,19 @@ template <class V>
   return 0.5 + 0.5 * z;
 }
 
+/// exp x to seven digits, for start values.
+/// \param x  -700 to 700; anything else gives anything
+template <class V>
+[[nodiscard, gnu::always_inline]] inline V exponential_estimate(const V& x) noexcept {
+  constexpr double log2_e = 1.4426950408889634;
+  constexpr double ln_2 = 0.6931471805599453;
+  constexpr double integers = 0x1.8p52;  // the last bits of a sum with it are an integer
+  const V shifted = x * log2_e + integers;
+  const V r = x - (shifted - integers) * ln_2;
+  const V power = from_bits<V>((bits_of(shifted) + 1023U) << 52U);
+  const V r2 = r * r;
+  const V low = (1.0 + r) + r2 * (0.5 + r * (1.0 / 6.0));
+  return power * (low + (r2 * r2) * (1.0 / 24.0 + r * (1.0 / 120.0 + r * (1.0 / 720.0))));
+}
+
 }  // namespace co2_properties

@@ -56,19 +56,30 @@ extern const Quintic temp_quintics[temp_quintic_count];
 
 // ---- Evaluation --------------------------------------------------------------------------------
 
+/// A value, and its derivative in what it depends on.
+template <class V>
+struct WithSlope {
+  V value, slope;
+};
+
 /// \param piece  of each value
 template <class V>
-[[nodiscard, gnu::always_inline]] inline V evaluate_quintic(const Quintic* const pieces,
-                                                            const Ints<V>& piece,
-                                                            const V& x) noexcept {
+[[nodiscard, gnu::always_inline]] inline WithSlope<V> evaluate_quintic(const Quintic* const pieces,
+                                                                       const Ints<V>& piece,
+                                                                       const V& x) noexcept {
   Rows<V> rows;
   for_each_lane<V>([&](const int k) CO2_INLINE { rows[k] = &pieces[lane(piece, k)].origin; });
   const Four<V> low = load_four<V>(rows);
   const Four<V> high = load_four<V>(rows, 4);
   const V d = x - low.first;
-  return ((((high.third * d + high.second) * d + high.first) * d + low.fourth) * d + low.third) *
-             d +
-         low.second;
+  const V v4 = high.third * d + high.second;
+  const V v3 = v4 * d + high.first;
+  const V v2 = v3 * d + low.fourth;
+  const V v1 = v2 * d + low.third;
+  const V f3 = high.third * d + v4;
+  const V f2 = f3 * d + v3;
+  const V f1 = f2 * d + v2;
+  return {v1 * d + low.second, f1 * d + v1};
 }
 
 /// Root of y^3 - 3 c y + 2 q = 0, the only one or, of three, the largest; as a density, kg/m3.
@@ -106,7 +117,7 @@ template <class V>
   const Mask<V> cold = temp <= quintic_end;
   V dens = broadcast<V>(d_crit);
   if (any(cold)) {
-    dens = evaluate_quintic<V>(liquid_quintics, dens_quintic_axis.interval(temp), temp);
+    dens = evaluate_quintic<V>(liquid_quintics, dens_quintic_axis.interval(temp), temp).value;
   }
   if (!all(cold)) {
     Ints<V> piece{};
@@ -125,7 +136,7 @@ template <class V>
   const Mask<V> cold = temp <= quintic_end;
   V dens = broadcast<V>(d_crit);
   if (any(cold)) {
-    dens = evaluate_quintic<V>(vapour_quintics, dens_quintic_axis.interval(temp), temp);
+    dens = evaluate_quintic<V>(vapour_quintics, dens_quintic_axis.interval(temp), temp).value;
   }
   if (!all(cold)) {
     // A NaN, which is below no end, belongs to the last piece.
@@ -138,10 +149,15 @@ template <class V>
   return dens;
 }
 
-/// Saturation temperature, K, of a pressure, kPa; see `calc_sat_temp`.
+/// Saturation temperature, K, over pressure, kPa; see `calc_sat_temp`.
+template <class V>
+[[nodiscard, gnu::always_inline]] inline WithSlope<V> saturation_temperature_curve(
+    const V& pres) noexcept {
+  return evaluate_quintic<V>(temp_quintics, temp_quintic_axis.interval(pres), pres);
+}
 template <class V>
 [[nodiscard, gnu::always_inline]] inline V saturation_temperature(const V& pres) noexcept {
-  return evaluate_quintic<V>(temp_quintics, temp_quintic_axis.interval(pres), pres);
+  return saturation_temperature_curve<V>(pres).value;
 }
 
 }  // namespace co2_properties

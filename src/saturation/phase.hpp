@@ -88,6 +88,22 @@ template <class V>
   return {single, Mask<V>{}, region_of(temp, liquid)};
 }
 
+/// The same for an entropy, kJ/(kg K), which is highest in vapour.
+template <class V>
+[[nodiscard, gnu::always_inline]] inline SurePhase<V> sure_phase_from_ts(const Ints<V>& temp_bin,
+                                                                         const V& temp,
+                                                                         const V& entr) noexcept {
+  Rows<V, float> rows;
+  for_each_lane<V>([&](const int k) CO2_INLINE {
+    rows[k] = &saturated_entropy_bounds_by_temp[lane(temp_bin, k)].vap_lo;
+  });
+  const auto [vap_lo, vap_hi, liq_lo, liq_hi] = load_four<V>(rows);
+  const Mask<V> liquid = entr < liq_lo;
+  const Mask<V> single = (entr > vap_hi) | liquid;
+  const Mask<V> mixture = (entr < vap_lo) & (entr > liq_hi) & (temp < t_crit);
+  return {single, mixture, region_of(temp, liquid)};
+}
+
 /// The same for a caloric property at a pressure, without the region.
 template <class V>
 struct SureCaloricPhase {
@@ -106,6 +122,20 @@ template <class V>
   const Mask<V> single = (caloric > vap_hi) | (caloric < liq_lo);
   const Mask<V> mixture = (caloric < vap_lo) & (caloric > liq_hi);
   return {single, mixture};
+}
+
+/// The same for an enthalpy, kJ/kg, and an entropy, kJ/(kg K); mixtures may be colder than the
+/// range.
+template <class V>
+[[nodiscard, gnu::always_inline]] inline SureCaloricPhase<V> sure_phase_from_hs(
+    const V& enth, const V& entr) noexcept {
+  const Ints<V> bin = entr_bins.find(entr);
+  Rows<V, float> rows;
+  for_each_lane<V>([&](const int k)
+                       CO2_INLINE { rows[k] = &dome_enthalpy_bounds[lane(bin, k)].slope; });
+  const auto [slope, lo, hi, unused] = load_four<V>(rows);
+  const V height = enth - slope * entr;
+  return {height > hi, height < lo};
 }
 
 // ---- After a solution ---------------------------------------------------------------------------

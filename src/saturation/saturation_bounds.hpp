@@ -28,6 +28,14 @@ struct alignas(8) SaturationPressureBounds {
 extern const SaturatedDensityBounds saturated_density_bounds[temp_bin_count];
 extern const SaturationPressureBounds saturation_pressure_bounds[temp_bin_count];
 
+/// Of the entropy of both saturated phases, kJ/(kg K), valid likewise. In bins above the critical
+/// temperature all of it is vapour, above an infinite bound.
+struct alignas(16) SaturatedEntropyBounds {
+  float vap_lo, vap_hi;
+  float liq_lo, liq_hi;
+};
+extern const SaturatedEntropyBounds saturated_entropy_bounds_by_temp[temp_bin_count];
+
 /// Thirty-two bins in a doubling of the distance from the critical pressure, at which the dome
 /// closes.
 inline constexpr auto pres_bins = DistanceBins<1024, 5>::around(p_crit, p_crit);
@@ -45,5 +53,22 @@ struct alignas(16) SaturatedCaloricBounds {
 /// within 0.12 kPa of the critical pressure, all are.
 extern const SaturatedCaloricBounds saturated_enthalpy_bounds[pres_bin_count];  ///< kJ/kg
 extern const SaturatedCaloricBounds saturated_entropy_bounds[pres_bin_count];   ///< kJ/(kg K)
+extern const SaturatedCaloricBounds saturated_energy_bounds[pres_bin_count];    ///< kJ/kg
+
+/// Bins of entropy, kJ/(kg K): the dome ends within them, at the saturated phases of
+/// `temp_sat_min`.
+inline constexpr EqualBins<1024> entr_bins = {0.72, 1024.0 / 1.3};
+inline constexpr std::int32_t entr_bin_count = decltype(entr_bins)::count;
+
+/// Of the enthalpy of the saturated phases by their entropy, less the slope of their bin, K, times
+/// the entropy, kJ/kg: single phases lie above it, mixtures below. Along isentropes the enthalpy
+/// changes little from there on, so bounds of the enthalpy itself would leave many states
+/// undecided. Beyond the ends of the dome all lies above.
+struct alignas(16) DomeEnthalpyBounds {
+  float slope;
+  float lo, hi;
+  float unused;
+};
+extern const DomeEnthalpyBounds dome_enthalpy_bounds[entr_bin_count];
 
 }  // namespace co2_properties

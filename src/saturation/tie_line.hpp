@@ -1,10 +1,11 @@
 #pragma once
-// Mixtures of saturated liquid and saturated vapour, for one state or for several in lanes.
+// Saturated liquid, saturated vapour and mixtures of them, for one state or for several in lanes.
 
 #include <cstdint>
 
 #include "eos/element_locator.hpp"
 #include "eos/helmholtz.hpp"
+#include "eos/properties.hpp"
 #include "saturation/curves.hpp"
 
 namespace co2_properties {
@@ -48,6 +49,63 @@ template <class V>
   return saturated_phase<Region::vapour>(temp, saturated_vapour_density<V>(temp));
 }
 
+// ---- The saturation line -----------------------------------------------------------------------
+
+/// Both phases at a saturation temperature, K.
+template <class V>
+struct TieLine {
+  SaturatedPhase<V> liq;
+  SaturatedPhase<V> vap;
+
+  [[nodiscard, gnu::always_inline]] static inline TieLine at(const V& temp) noexcept {
+    return {saturated_liquid<V>(temp), saturated_vapour<V>(temp)};
+  }
+
+  /// The pressure of saturation is that of the vapour, kPa.
+  [[nodiscard, gnu::always_inline]] inline V pres() const noexcept {
+    return pressure(vap.d, vap.dens);
+  }
+  /// Enthalpy of vaporization, kJ/kg.
+  [[nodiscard, gnu::always_inline]] inline V latent_heat(const V& temp) const noexcept {
+    return enthalpy(vap.d, temp) - enthalpy(liq.d, temp);
+  }
+  /// Slope of the saturation line, kPa/K, by the equation of Clapeyron; at the critical
+  /// temperature, where the phases are one, that of the critical isochore, which continues it.
+  [[nodiscard, gnu::always_inline]] inline V slope() const noexcept {
+    const V widening = liq.dens - vap.dens;
+    const Mask<V> apart = widening > 0.0;
+    const V of_phases = (entropy(vap.d) - entropy(liq.d)) * (vap.dens * liq.dens) /
+                        select<V>(apart, widening, broadcast<V>(1.0));
+    return select<V>(apart, of_phases, dpdt(vap.d, vap.dens));
+  }
+};
+
+/// The temperature, K, at which the vapour has a pressure, kPa, up to the critical one: that of the
+/// saturation curve, which is a fit, improved by the vapour itself. The slope of the curve is good
+/// to 1e-4; with that of the secant after it two steps meet the pressure to 1e-12, next to the
+/// critical point to 1e-11. Above the pressure of the vapour at the critical temperature, 7377.2984
+/// kPa, it is that temperature.
+template <class V>
+[[nodiscard, gnu::always_inline]] inline V vapour_pressure_temperature(const V& pres) noexcept {
+  const auto missing = [&](const V& temp) CO2_INLINE -> V {
+    const SaturatedPhase<V> vap = saturated_vapour<V>(temp);
+    return pres - pressure(vap.d, vap.dens);
+  };
+  const auto up_to = [](const double most, const V& temp)
+                         CO2_INLINE { return select<V>(temp < most, temp, broadcast<V>(most)); };
+  constexpr double end = t_crit - 1e-9;  // at the critical temperature itself the density jumps
+  const WithSlope<V> curve = saturation_temperature_curve<V>(pres);
+  const V miss = missing(curve.value);
+  const V temp = up_to(end, curve.value + miss * curve.slope);
+  const V rest = missing(temp);
+  // A miss that rounding has part in gives no secant.
+  const Mask<V> large = absolute(miss) > 1e-9 * pres;
+  const V share = rest / select<V>(large, miss - rest, broadcast<V>(1.0));
+  return up_to(t_crit, temp + select<V>(large, (temp - curve.value) * share, rest * curve.slope));
+}
+
+// ---- Mixtures ----------------------------------------------------------------------------------
+
 /// A mixture.
 template <class V>
 struct Mixture {
@@ -66,6 +124,14 @@ template <class V>
   return {temp, dens, lever_quality(dens, liq.dens, vap.dens), liq, vap};
 }
 
+/// The mixture at a saturation temperature, K, with a vapour mass fraction.
+template <class V>
+[[nodiscard, gnu::always_inline]] inline Mixture<V> mixture_from_quality(
+    const V& temp, const V& qual, const SaturatedPhase<V>& liq,
+    const SaturatedPhase<V>& vap) noexcept {
+  return {temp, vap.dens * liq.dens / (vap.dens + qual * (liq.dens - vap.dens)), qual, liq, vap};
+}
+
 /// The mixture at a saturation temperature, K, with a value of a caloric property (a type of
 /// eos/property_types.hpp).
 template <class Property, class V>
@@ -74,8 +140,7 @@ template <class Property, class V>
     const SaturatedPhase<V>& vap) noexcept {
   const V of_liq = Property::value(liq.d, temp);
   const V of_vap = Property::value(vap.d, temp);
-  const V qual = (caloric - of_liq) / (of_vap - of_liq);
-  return {temp, vap.dens * liq.dens / (vap.dens + qual * (liq.dens - vap.dens)), qual, liq, vap};
+  return mixture_from_quality<V>(temp, (caloric - of_liq) / (of_vap - of_liq), liq, vap);
 }
 
 }  // namespace co2_properties

@@ -60,8 +60,9 @@ inline constexpr std::int32_t last_evaluation = 16;
 /// Steps are neither limited nor damped: from the start values two or three of them lead to the
 /// tolerance. The Jacobian is regular also where the isotherm is flat, since its determinant is cv
 /// times dp/drho at constant entropy (over T for the entropy), which are both positive. An iterate
-/// that leads nowhere, and NaN, ends the iteration as if all evaluations had been made.
-template <class Property>
+/// that leads nowhere, and NaN, ends the iteration as if all evaluations had been made. With an
+/// `Other` property in the place of pressure, the target's pressure is its value.
+template <class Property, class Other = Pressure>
 [[nodiscard]] CaloricSolution solve_caloric(const CaloricTarget& target, const std::int32_t first,
                                             const double temp, const double dens) noexcept {
   CaloricSolution s{first, temp, dens, {}, 0.0, 0.0, 1};
@@ -84,7 +85,7 @@ template <class Property>
   while (evaluate_here()) {
     if (s.evaluations == last_evaluation) break;
     const Evaluation<double> e = {s.d, {}};
-    const auto p = Pressure::expand(e, s.temp, s.dens);
+    const auto p = Other::expand(e, s.temp, s.dens);
     const auto c = Property::expand(e, s.temp, s.dens);
     s.pres_residual = p.value - target.pres;
     s.caloric_residual = c.value - target.caloric;

@@ -5,6 +5,7 @@
 
 #include "eos/helmholtz.hpp"
 #include "eos/properties.hpp"
+#include "numbers/reverted_series.hpp"
 
 namespace co2_properties {
 
@@ -40,9 +41,7 @@ struct PressureCurve {
            (pres - (g0 * dens0 + f0) * dens0) / (2.0 * g0 * dens0 + f0 + g1 * dens0 * dens0);
   }
 
-  /// One step of the reverted Taylor series of p to third powers,
-  /// x = s - A s^2 + (2 A^2 - B) s^3 with s = (pres - p) / p', A = p'' / (2 p') and B = p''' / (6
-  /// p').
+  /// One step of the reverted Taylor series of p.
   [[nodiscard, gnu::always_inline]] inline V improved(const V& dens, const V& pres) const noexcept {
     const V delta = dens - dens0;
     const V v2 = g3 * delta + g2;
@@ -51,11 +50,10 @@ struct PressureCurve {
     const V f2 = g3 * delta + v2;
     const V slope = f2 * delta + v1;
     const V bend = g3 * delta + f2;  // half of g''
-    const V inverse = 1.0 / (f0 + dens * ((g + g) + dens * slope));
-    const V s = (pres - dens * (f0 + dens * g)) * inverse;
-    const V a = (g + dens * ((slope + slope) + dens * bend)) * inverse;
-    const V b = (slope + dens * ((bend + bend) + dens * g3)) * inverse;
-    return dens + s * (1.0 - s * (a - s * ((a + a) * a - b)));
+    return dens + reverted_step<V>(pres - dens * (f0 + dens * g),
+                                   f0 + dens * ((g + g) + dens * slope),
+                                   g + dens * ((slope + slope) + dens * bend),
+                                   slope + dens * ((bend + bend) + dens * g3));
   }
 };
 

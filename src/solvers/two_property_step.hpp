@@ -2,7 +2,11 @@
 // Steps in temperature and density towards given values of two properties, for one state or for
 // several in lanes.
 
+#include <cstdint>
+
 #include "eos/property_types.hpp"
+#include "numbers/logarithm.hpp"
+#include "solvers/relocate.hpp"
 
 namespace co2_properties {
 
@@ -45,5 +49,35 @@ class TwoProperties {
   PropertyExpansion<V> p_, c_;
   V inverse_;
 };
+
+/// How many steps the common road takes at most, each followed by an evaluation that tells whether
+/// it sufficed. One suffices for nearly all states; around the critical point some per cent take
+/// two.
+inline constexpr std::int32_t step_rounds = 2;
+
+/// Start values in their elements.
+template <class V>
+[[nodiscard, gnu::always_inline]] inline Iterate<V> start_in_element(const V& temp, const V& dens,
+                                                                     Cells<V>& cells) noexcept {
+  relocate<V>(temp, dens, cells);
+  return follow<V>(temp, dens, cells);
+}
+
+/// One step of third order towards values of two properties (types of eos/property_types.hpp), and
+/// the elements that hold the result. What was not served before is not afterwards.
+template <class First, class Second, class V>
+[[nodiscard, gnu::always_inline]] inline Iterate<V> step_towards(const Iterate<V>& at,
+                                                                 const V& first, const V& second,
+                                                                 Cells<V>& cells) noexcept {
+  const Evaluation<V> e = expand_density(isotherm<V, Order::third>(cells, at.temp), at.dens,
+                                         logarithm_of_normal<V>(at.dens));
+  const PropertyExpansion<V> p = First::expand(e, at.temp, at.dens);
+  const PropertyExpansion<V> c = Second::expand(e, at.temp, at.dens);
+  const Step<V> step =
+      TwoProperties<V>(p, c).step_of_third_order(first - p.value, second - c.value);
+  Iterate<V> next = follow<V>(at.temp + step.temp, at.dens + at.dens * step.dens, cells);
+  next.served = next.served & at.served;
+  return next;
+}
 
 }  // namespace co2_properties

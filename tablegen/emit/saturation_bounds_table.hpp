@@ -8,6 +8,11 @@
 
 namespace co2_properties::tablegen {
 
+/// Checks that the linked elements are those of this text of eos/tables/elements.cpp.
+/// \param table  what is made of them
+/// \throws std::runtime_error if not: the file has changed since the program was built
+void require_linked_elements(const std::string& table, const std::string& elements_source);
+
 /// Digest that the bounds carry when they were made from this text of eos/tables/elements.cpp.
 [[nodiscard]] std::string saturation_bounds_digest(std::string_view elements_source);
 

@@ -11,6 +11,8 @@
 #include "saturation/sat_density.hpp"
 #include "saturation/sat_pressure.hpp"
 #include "saturation/saturation_bounds.hpp"
+#include "saturation/tie_line.hpp"
+#include "tablegen/parallel.hpp"
 
 namespace co2_properties::tablegen {
 namespace {
@@ -94,22 +96,55 @@ CaloricBounds bound(const Span& span, const Property& property) {
   return known ? bounds : CaloricBounds{Bounds::unknown(), Bounds::unknown()};
 }
 
+/// The enthalpy on the saturation line at an entropy. Between the ends of the liquid and of the
+/// vapour, next to the critical point, that of a straight line.
+double enthalpy_at(const double entr) {
+  constexpr double highest = 304.1281;
+  const auto phase = [](const bool liquid, const double temp) {
+    return liquid ? saturated_liquid(temp) : saturated_vapour(temp);
+  };
+  const auto end = [&](const bool liquid) { return phase(liquid, highest).d; };
+  const double low = entropy(end(true));
+  const double high = entropy(end(false));
+  if (entr > low && entr < high) {
+    const double share = (entr - low) / (high - low);
+    return std::lerp(enthalpy(end(true), highest), enthalpy(end(false), highest), share);
+  }
+  const bool liquid = entr <= low;
+  double lo = temp_sat_min;
+  double hi = highest;
+  for (double mid = lo + (hi - lo) / 2.0; lo < mid && mid < hi; mid = lo + (hi - lo) / 2.0) {
+    ((entropy(phase(liquid, mid).d) < entr) == liquid ? lo : hi) = mid;
+  }
+  return enthalpy(phase(liquid, lo).d, lo);
+}
+
 }  // namespace
 
 Bounds Bounds::unknown() { return {-infinity, infinity}; }
 
 Bounds Bounds::above() { return {infinity, infinity}; }
 
+Bounds Bounds::below() { return {-infinity, -infinity}; }
+
 std::vector<TemperatureBounds> bound_by_temperature() {
   std::vector<TemperatureBounds> all;
   for (std::int32_t bin = 0; bin < temp_bins.count; ++bin) {
     const Span span = span_of(temp_bins, bin, temp_min, t_crit);
-    all.push_back({Bounds::unknown(), Bounds::unknown(), Bounds::unknown()});
-    if (bin > temp_bins.find(t_crit))
-      all.back() = {Bounds::above(), Bounds::unknown(), Bounds::above()};
+    constexpr CaloricBounds unknown = {{-infinity, infinity}, {-infinity, infinity}};
+    all.push_back({Bounds::unknown(), Bounds::unknown(), Bounds::unknown(), unknown});
+    if (bin > temp_bins.find(t_crit)) {
+      all.back() = {Bounds::above(),
+                    Bounds::unknown(),
+                    Bounds::above(),
+                    {Bounds::below(), Bounds::unknown()}};
+    }
     if (span.lo > span.hi) continue;
-    all.back() = {enclose(span, calc_sat_vap_dens), enclose(span, calc_sat_liq_dens),
-                  enclose(span, calc_sat_pres)};
+    all.back() = {enclose(span, calc_sat_vap_dens),
+                  enclose(span, calc_sat_liq_dens),
+                  enclose(span, calc_sat_pres),
+                  {enclose(span, [](const double t) { return entropy(saturated_vapour(t).d); }),
+                   enclose(span, [](const double t) { return entropy(saturated_liquid(t).d); })}};
   }
   return all;
 }
@@ -119,11 +154,34 @@ std::vector<PressureBounds> bound_by_pressure() {
   std::vector<PressureBounds> all;
   for (std::int32_t bin = 0; bin < pres_bins.count; ++bin) {
     const Span span = span_of(pres_bins, bin, pres_min, p_crit);
-    all.push_back({unknown, unknown});
+    all.push_back({unknown, unknown, unknown});
     if (span.lo > span.hi) continue;
-    all.back() = {bound(span, [](const auto& d, const double temp) { return enthalpy(d, temp); }),
-                  bound(span, [](const auto& d, const double /*temp*/) { return entropy(d); })};
+    all.back() = {
+        bound(span, [](const auto& d, const double temp) { return enthalpy(d, temp); }),
+        bound(span, [](const auto& d, const double /*temp*/) { return entropy(d); }),
+        bound(span, [](const auto& d, const double temp) { return internal_energy(d, temp); })};
   }
+  return all;
+}
+
+std::vector<DomeBounds> bound_by_entropy() {
+  constexpr double room = 1e-4;  // kJ/kg, for what the line leaves open at the critical point
+  const double cold_liq = entropy(saturated_liquid(temp_sat_min).d);
+  const double cold_vap = entropy(saturated_vapour(temp_sat_min).d);
+  std::vector<DomeBounds> all(entr_bins.count, {0.0F, Bounds::below()});
+  in_parallel(all.size(), [&](const std::size_t k) {
+    const auto bin = static_cast<std::int32_t>(k);
+    const Span span = span_of(entr_bins, bin, cold_liq, cold_vap);
+    if (span.lo > span.hi) return;
+    const auto slope =
+        static_cast<float>((enthalpy_at(span.hi) - enthalpy_at(span.lo)) / (span.hi - span.lo));
+    const Bounds bounds =
+        enclose(span, [&](const double entr) { return enthalpy_at(entr) - slope * entr; });
+    const bool at_end = bin == entr_bins.find(cold_liq) || bin == entr_bins.find(cold_vap);
+    all[k] = {slope,
+              {at_end ? -infinity : static_cast<float>(bounds.lo - room),
+               static_cast<float>(bounds.hi + room)}};
+  });
   return all;
 }
 

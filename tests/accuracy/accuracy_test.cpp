@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "accuracy_report/criteria.hpp"
+#include "accuracy_report/derivatives.hpp"
 #include "accuracy_report/sampling.hpp"
 #include "accuracy_report/saturation_line.hpp"
 #include "accuracy_report/stability.hpp"
@@ -72,6 +73,21 @@ TEST(Accuracy, SaturatedDensities) {
     EXPECT_LT(vap.error, range.vap) << vap.x << " K";
     begin = range.temp_end;
   }
+}
+
+// Outside the box and in it, next to the critical point too, and of mixtures.
+TEST(Accuracy, DerivativesInSetsKeepTheirBounds) {
+  const Sample sample = draw_sample(1000, 3, 2);
+  std::size_t bounded = 0;
+  for (const DerivativeErrors& e : derivative_errors(sample.states, 600, 3, 2)) {
+    for (std::size_t k = 0; k < derivative_count; ++k) {
+      const double bound = derivative_bound(e, k);
+      bounded += bound < 1.0 ? 1 : 0;
+      EXPECT_LE(std::fabs(e.error[k]), bound)
+          << all_derivatives[k].name << " at " << e.temp << " K, " << e.dens << " kg/m3";
+    }
+  }
+  EXPECT_GT(bounded, 20000U);
 }
 
 // A false loop in an isotherm would stop the solvers or send them to the wrong density.

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <span>
 
 #include "tests/support/digest.hpp"
 #include "tests/support/entries.hpp"
@@ -14,8 +15,9 @@ namespace {
 using test::Digest;
 using test::Draws;
 
-/// A state through all entries; every fourth around the critical point.
-void add_entries(const int k, Draws& draws, Digest& digest) {
+/// A state through entries; every fourth around the critical point.
+void add_entries(const std::span<const test::Entry* const> entries, const int k, Draws& draws,
+                 Digest& digest) {
   const bool critical = k % 4 == 0;
   const double temp =
       critical ? draws.uniform(302.5, 310.5) : draws.uniform(240.0, k % 2 == 0 ? 1500.0 : 320.0);
@@ -23,11 +25,19 @@ void add_entries(const int k, Draws& draws, Digest& digest) {
                       : k % 3 == 0 ? draws.uniform(0.0, 1280.0)
                                    : draws.magnitude(-8.0, 10.3);
   const test::Result state = test::td(temp, dens);
-  for (const test::Entry* const entry : test::entries) {
+  for (const test::Entry* const entry : entries) {
     const test::Result r = (*entry)(state[entry->inputs[0]], state[entry->inputs[1]]);
     digest.add(r.ierr);
     for (const double value : r.out.value) digest.add(value);
   }
+}
+
+void add_first_entries(const int k, Draws& draws, Digest& digest) {
+  add_entries(std::span(test::entries).first<4>(), k, draws, digest);
+}
+
+void add_other_entries(const int k, Draws& draws, Digest& digest) {
+  add_entries(std::span(test::entries).subspan<4>(), k, draws, digest);
 }
 
 void add_saturation(const int /*k*/, Draws& draws, Digest& digest) {
@@ -46,7 +56,9 @@ TEST(Bits, AreWhereTheyWere) {
   };
   // Renewed by the commit that moves them.
   const Stored stored[] = {
-      {0x397de6813f250c95, add_entries, "the entries"},
+      {0x397de6813f250c95, add_first_entries,
+       "by temperature or pressure, with density or a caloric"},
+      {0x801c8994efef74e1, add_other_entries, "all other pairs"},
       {0x3610100ae084613d, add_saturation, "saturation"},
   };
   for (const Stored& s : stored) {

@@ -1,4 +1,4 @@
-// What the four entries have in common: the order of their tests, errors, subsets of the outputs,
+// What the entries have in common: the order of their tests, errors, subsets of the outputs,
 // the forms of a call, odd inputs.
 
 #include "tests/support/entries.hpp"
@@ -24,9 +24,11 @@ using test::next_below;
 using test::not_a_number;
 using test::ph;
 using test::ps;
+using test::px;
 using test::Result;
 using test::td;
 using test::tp;
+using test::tx;
 
 // ---- Codes -------------------------------------------------------------------------------------
 
@@ -89,6 +91,22 @@ TEST(Entries, CheckTheirInputsInOrder) {
       {tp, not_a_number, not_a_number, 7, "NaN passes all tests"},
 
       {ph, 500.0, 400.0, -1, "the temperature of a mixture is not tested"},
+
+      {tx, 240.0, 0.0, -1, "cold end of the saturation line, a mixture without vapour"},
+      {tx, 304.1282, 1.0, -1, "the critical point, a mixture without liquid"},
+      {tx, next_below(240.0), 0.5, 1, "below the lowest temperature"},
+      {tx, next_above(304.1282), 0.5, 2, "above the critical temperature"},
+      {tx, not_a_number, -1.0, 5, "temperature comes first"},
+      {tx, 280.0, not_a_number, 5, "NaN is no quality"},
+      {tx, 280.0, -5e-324, 6, "less than no vapour"},
+      {tx, 280.0, next_above(1.0), 6, "more than all vapour"},
+      {px, 1282.4835, 0.0, -1, "cold end of the saturation line"},
+      {px, 7377.3, 1.0, -1, "the critical pressure"},
+      {px, next_below(1282.4835), 0.5, 3, "below the saturation line"},
+      {px, next_above(7377.3), 0.5, 4, "above the critical pressure"},
+      {px, infinity, 2.0, 4, "pressure comes first"},
+      {px, not_a_number, 0.5, 5, "NaN is no pressure"},
+      {px, 3000.0, infinity, 6, "more than all vapour"},
   };
   for (const Checked& c : cases) expect_code(c);
 
@@ -163,6 +181,9 @@ const Given given[] = {
     {ps, 1.5, 5.2, "thin gas"},
     {ps, 3000.0, 1.4, "two phases"},
     {ps, 5000.0, 4.0, "an error"},
+    {tx, 260.0, 0.3, "two phases"},
+    {px, 7300.0, 0.7, "two phases"},
+    {px, 3000.0, 1.5, "an error"},
 };
 
 #define CO2_TEST_C_MEMBER(name) &co2_output_set::name
@@ -295,10 +316,10 @@ TEST(Entries, AnyBitPatternIsAnswered) {
     double lowest[2], highest[2];
     std::int32_t errors, warnings;  ///< the largest codes, less the base
   };
-  const Case cases[] = {{td, {230.0, 0.0}, {1510.0, 1300.0}, 4, 1},
-                        {tp, {230.0, 0.4}, {1510.0, 1.6e5}, 7, 0},
-                        {ph, {0.4, -400.0}, {1.6e5, 2400.0}, 5, 2},
-                        {ps, {0.4, -1.0}, {1.6e5, 6.0}, 5, 2}};
+  const Case cases[] = {
+      {td, {230.0, 0.0}, {1510.0, 1300.0}, 4, 1}, {tp, {230.0, 0.4}, {1510.0, 1.6e5}, 7, 0},
+      {ph, {0.4, -400.0}, {1.6e5, 2400.0}, 5, 2}, {ps, {0.4, -1.0}, {1.6e5, 6.0}, 5, 2},
+      {tx, {235.0, -0.1}, {306.0, 1.1}, 6, 1},    {px, {1000.0, -0.1}, {7500.0, 1.1}, 6, 1}};
   std::mt19937_64 engine(5);
   const auto draw = [&](const double lo, const double hi) {
     if (engine() % 2 == 0) return std::bit_cast<double>(engine());

@@ -43,12 +43,17 @@ TEST(Messages, Texts) {
 
 // Every code in reach: those of an entry carry its name, all others are unknown.
 TEST(Messages, CodesAndTheirEntries) {
-  const std::set<std::int32_t> known = {101,  102,  103, 104, -101, 201, 202, 203, 204,
-                                        205,  206,  207, 301, 302,  303, 304, 305, -301,
-                                        -302, -303, 401, 402, 403,  404, 405, 406, -401};
-  const std::string entry[] = {"", "CO2_TD: ", "CO2_TP: ", "CO2_PH: ", "CO2_PS: "};
+  std::set<std::int32_t> known = {101,  102,  103, 104, -101, 201, 202, 203, 204,
+                                  205,  206,  207, 301, 302,  303, 304, 305, -301,
+                                  -302, -303, 401, 402, 403,  404, 405, 406, -401};
+  for (const std::int32_t base : {500, 600, 700, 800}) {
+    for (const std::int32_t code : {1, 2, 3, 4, 5}) known.insert(base + code);
+    known.insert(-base - 1);
+  }
+  const std::string entry[] = {"",         "CO2_TD: ", "CO2_TP: ", "CO2_PH: ", "CO2_PS: ",
+                               "CO2_DU: ", "CO2_DH: ", "CO2_DS: ", "CO2_DP: "};
   std::set<std::string> texts;
-  for (std::int32_t code = -600; code <= 600; ++code) {
+  for (std::int32_t code = -900; code <= 900; ++code) {
     const std::string text = text_of(code);
     if (!known.contains(code)) {
       EXPECT_EQ(text, unknown) << code;

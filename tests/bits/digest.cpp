@@ -43,11 +43,24 @@ constexpr Range temps = {230.0, 1510.0};
 constexpr Range critical_temps = {302.0, 311.0};
 constexpr Range pressures = {-1.0, 17.0, true};
 constexpr Range critical_pressures = {6000.0, 8500.0};
+constexpr Range densities = {-9.0, 11.0, true};
+constexpr Range critical_densities = {300.0, 600.0};
+constexpr Range energies = {50.0, 2200.0};
+constexpr Range entropies = {0.4, 5.0};
 constexpr Entry entries[] = {
-    {"co2_td", &BatchEntries::td, temps, {-9.0, 11.0, true}, critical_temps, {300.0, 600.0}},
+    {"co2_td", &BatchEntries::td, temps, densities, critical_temps, critical_densities},
     {"co2_tp", &BatchEntries::tp, temps, pressures, critical_temps, critical_pressures},
-    {"co2_ph", &BatchEntries::ph, pressures, {50.0, 2200.0}, critical_pressures, {270.0, 400.0}},
-    {"co2_ps", &BatchEntries::ps, pressures, {0.4, 5.0}, critical_pressures, {1.2, 1.7}},
+    {"co2_ph", &BatchEntries::ph, pressures, energies, critical_pressures, {270.0, 400.0}},
+    {"co2_ps", &BatchEntries::ps, pressures, entropies, critical_pressures, {1.2, 1.7}},
+    {"co2_du", &BatchEntries::du, densities, energies, critical_densities, {250.0, 400.0}},
+    {"co2_dh", &BatchEntries::dh, densities, energies, critical_densities, {270.0, 400.0}},
+    {"co2_ds", &BatchEntries::ds, densities, entropies, critical_densities, {1.2, 1.7}},
+    {"co2_dp", &BatchEntries::dp, densities, pressures, critical_densities, critical_pressures},
+    {"co2_hs", &BatchEntries::hs, energies, entropies, {270.0, 400.0}, {1.2, 1.7}},
+    {"co2_pu", &BatchEntries::pu, pressures, energies, critical_pressures, {250.0, 400.0}},
+    {"co2_ts", &BatchEntries::ts, temps, entropies, critical_temps, {1.2, 1.7}},
+    {"co2_tx", &BatchEntries::tx, {239.0, 305.0}, {-0.01, 1.01}, {303.0, 304.2}, {0.0, 1.0}},
+    {"co2_px", &BatchEntries::px, {1200.0, 7400.0}, {-0.01, 1.01}, {7200.0, 7378.0}, {0.0, 1.0}},
 };
 
 using Limits = std::numeric_limits<double>;

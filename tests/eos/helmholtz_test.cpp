@@ -132,6 +132,8 @@ TEST(PropertyTypes, ExpansionsAreThoseOfTheDefiningSum) {
     const Function a_d = in_dens(a);
     expect_expansion<Pressure>(cell, temp, dens,
                                [&](const auto t, const auto d) { return d * d * a_d(t, d); });
+    expect_expansion<InternalEnergy>(
+        cell, temp, dens, [&](const auto t, const auto d) { return a(t, d) - t * a_t(t, d); });
     expect_expansion<Enthalpy>(cell, temp, dens, [&](const auto t, const auto d) {
       return a(t, d) - t * a_t(t, d) + d * a_d(t, d);
     });

@@ -1,5 +1,5 @@
-! A host in Fortran: outputs by keyword and by position, arrays and sections of them, messages,
-! parts. What comes out under each name is checked against relations between the properties, so that
+! A host in Fortran: outputs by keyword and by position, derivatives, arrays and sections of them,
+! saturation, messages, parts. What comes out under each name is checked against relations between the properties, so that
 ! a name which is bound to another slot is found.
 #define BY_NAME dsdt=dsdt, dsdd=dsdd, dhdt=dhdt, dhdd=dhdd, dpdt=dpdt, dpdd=dpdd, cond=cond, \
   visc=visc, ssnd=ssnd, cp=cp, cv=cv, entr=entr, enth=enth, inte=inte, qual=qual, svol=svol, \
@@ -8,6 +8,15 @@
   at(11), at(12), at(13), at(14), at(15), at(16), at(17), at(18), at(19)
 #define OF_ALL(k) a(k, :)
 #define OF_ONE(k) b(k)
+! A branch for each entry, and what is called there.
+#define EACH(of) of(co2_td); of(co2_tp); of(co2_ph); of(co2_ps); of(co2_du); of(co2_dh); \
+  of(co2_ds); of(co2_dp); of(co2_hs); of(co2_pu); of(co2_ts); of(co2_tx); of(co2_px)
+#define NAMED(entry) case ('entry'); call entry(first, second, ierr, BY_NAME)
+#define WITH_SET(entry) \
+  case ('entry'); call entry/**/_derivatives(first, second, ierr, d, IN_ORDER(OF_ONE))
+#define ARRAYS(entry) case ('entry'); \
+  call entry(first, second, codes, IN_ORDER(OF_ALL), ok); \
+  call entry/**/_derivatives(first, second, codes_too, ds(size(ds):1:-2), ok=ok_too)
 program host
   use, intrinsic :: iso_fortran_env, only: int32, real64
   use, intrinsic :: ieee_arithmetic, only: ieee_quiet_nan, ieee_value
@@ -23,9 +32,12 @@ program host
     real(dp) :: temp, pres, dens, enth
   end type
 
+  call relations(403.0_dp, 311.0_dp)
+  call every_entry()
   call scalar_calls()
   call array_calls()
   call unequal_arrays()
+  call saturation()
   call parts()
   if (failures > 0) error stop "a check failed"
 
@@ -39,59 +51,114 @@ contains
     print '(2a)', 'failed: ', what
   end subroutine
 
-  logical function near(value, expected)
+  elemental logical function near(value, expected)
     real(dp), intent(in) :: value, expected
     near = abs(value - expected) <= 1e-9_dp*abs(expected)
   end function
 
-  ! One entry with each output named, at the state that co2_td has at t and rho.
-  subroutine check_names(entry, t, rho)
-    character(*), intent(in) :: entry
+  ! co2_td, in one phase and away from edges of elements, where neighbours differ by more than
+  ! rounding.
+  subroutine relations(t, rho)
     real(dp), intent(in) :: t, rho
     real(dp) :: temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, ssnd, visc, cond
-    real(dp) :: dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, p, h, s, expected
+    real(dp) :: dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, expected, dtdd_s, v(3, 2, 2)
     integer(int32) :: ierr
-    call co2_td(t, rho, ierr, pres=p, enth=h, entr=s)
-    select case (entry)
-    case ('co2_td')
-      call co2_td(t, rho, ierr, BY_NAME)
-    case ('co2_tp')
-      call co2_tp(t, p, ierr, BY_NAME)
-    case ('co2_ph')
-      call co2_ph(p, h, ierr, BY_NAME)
-    case ('co2_ps')
-      call co2_ps(p, s, ierr, BY_NAME)
-    end select
-    call check(ierr == 0, entry//': ierr')
-    call check(near(temp, t), entry//': temp')
-    call check(near(pres, p), entry//': pres')
-    call check(near(dens, rho), entry//': dens')
-    call check(near(svol, 1/rho), entry//': svol')
-    call check(qual > 997, entry//': qual, the mark of a supercritical state')
-    call check(near(entr, s), entry//': entr')
-    call check(near(enth, h), entry//': enth')
-    call check(near(inte, h - p/rho), entry//': inte = h - p/rho')
-    call check(near(dsdd, -dpdt/rho**2), entry//': ds/drho = -dp/dT / rho2')
-    call check(near(dsdt, cv/t), entry//': ds/dT = cv/T')
-    call check(near(dhdd, t*dsdd + dpdd/rho), entry//': dh/drho = T ds/drho + dp/drho / rho')
-    call check(near(dhdt, t*dsdt + dpdt/rho), entry//': dh/dT = T ds/dT + dp/dT / rho')
-    call check(near(cp, cv + t*dpdt**2/(rho**2*dpdd)), entry//': cp - cv')
-    call check(near(ssnd**2, 1000*dpdd*cp/cv), entry//': w2 = cp/cv dp/drho')
+    integer :: i, k
+    type(co2_derivatives) :: d
+    call co2_td_derivatives(t, rho, ierr, d, BY_NAME)
+    call check(ierr == 0 .and. temp == t .and. dens == rho, 'ierr, temp, dens')
+    call check(near(svol, 1/rho), 'svol')
+    call check(qual > 997, 'qual, the mark of a supercritical state')
+    call check(near(inte, enth - pres/rho), 'inte = h - p/rho')
+    call check(near(dsdd, -dpdt/rho**2), 'ds/drho = -dp/dT / rho2')
+    call check(near(dsdt, cv/t), 'ds/dT = cv/T')
+    call check(near(dhdd, t*dsdd + dpdd/rho), 'dh/drho = T ds/drho + dp/drho / rho')
+    call check(near(dhdt, t*dsdt + dpdt/rho), 'dh/dT = T ds/dT + dp/dT / rho')
+    call check(near(cp, cv + t*dpdt**2/(rho**2*dpdd)), 'cp - cv')
+    call check(near(ssnd**2, 1000*dpdd*cp/cv), 'w2 = cp/cv dp/drho')
     call calculate_visc(rho, t, expected)
-    call check(near(visc, expected), entry//': visc')
+    call check(near(visc, expected), 'visc')
     call calculate_cond(rho, t, expected)
-    call check(near(cond, expected), entry//': cond')
+    call check(near(cond, expected), 'cond')
+
+    call check(near(d%dpdd_t, dpdd) .and. near(d%dpdt_d, dpdt), 'dpdd_t, dpdt_d')
+    call check(near(d%cv_eq, cv) .and. near(d%ssnd_eq, ssnd), 'cv_eq, ssnd_eq')
+    call check(near(d%dtdu_d, 1/cv) .and. near(d%dpdu_d, dpdt/cv), 'dtdu_d, dpdu_d')
+    call check(near(d%dtdd_u, (t*dpdt - pres)/(rho**2*cv)), 'dtdd_u')
+    call check(near(d%dpdd_u, dpdd + dpdt*d%dtdd_u), 'dpdd_u')
+    call check(near(d%dddp_h, 1/(dpdd - dpdt*dhdd/dhdt)), 'dddp_h')
+    call check(near(d%dtdp_h, -dhdd/dhdt*d%dddp_h), 'dtdp_h')
+    call check(near(d%dtdh_p, 1/cp) .and. near(d%dddh_p, 1/d%dhdd_p), 'dtdh_p, dddh_p')
+    dtdd_s = t*dpdt/(rho**2*cv)
+    call check(near(d%dddp_s, 1000/ssnd**2) .and. near(d%dtdp_s, dtdd_s*d%dddp_s), 'dddp_s, dtdp_s')
+    call check(near(d%dhdd_p, dhdd - dhdt*dpdd/dpdt) .and. near(d%dhdp_d, dhdt/dpdt), 'dhdd_p, dhdp_d')
+    call check(near(d%dsdd_p, dsdd - dsdt*dpdd/dpdt) .and. near(d%dsdp_d, dsdt/dpdt), 'dsdd_p, dsdp_d')
+    call check(near(d%compr_s, d%dddp_s/rho) .and. near(d%compr_t, 1/(rho*dpdd)), 'compr_s, compr_t')
+    call check(near(d%expan_p, dpdt/(rho*dpdd)), 'expan_p')
+    call check(near(d%fundam, 1 + rho/ssnd*(d%dssnddd_t + d%dssnddt_d*dtdd_s)), 'fundam')
+    call check(d%dqualdd_t == 0 .and. d%dqualdt_d == 0, 'dqual, of a mark')
+    do k = 1, 2
+      do i = 1, 2
+        call co2_td(t + merge(2*i - 3, 0, k == 2)*0.01_dp, rho + merge(2*i - 3, 0, k == 1)*0.01_dp, &
+          ierr, ssnd=v(1, i, k), visc=v(2, i, k), cond=v(3, i, k))
+      end do
+    end do
+    call check(all(abs((v(:, 2, 1) - v(:, 1, 1))/0.02_dp/[d%dssnddd_t, d%dviscdd_t, d%dconddd_t] - 1) &
+      < 1e-5_dp), 'd.../drho by differences')
+    call check(all(abs((v(:, 2, 2) - v(:, 1, 2))/0.02_dp/[d%dssnddt_d, d%dviscdt_d, d%dconddt_d] - 1) &
+      < 1e-5_dp), 'd.../dT by differences')
+  end subroutine
+
+  ! Every entry leads to the state of co2_td with the outputs under their names, by position and with
+  ! the derivatives.
+  subroutine every_entry()
+    real(dp), parameter :: t = 403, rho = 311
+    real(dp) :: p, u, h, s
+    integer(int32) :: ierr
+    call co2_td(t, rho, ierr, pres=p, inte=u, enth=h, entr=s)
+    call check_entry('co2_td', t, rho)
+    call check_entry('co2_tp', t, p)
+    call check_entry('co2_ph', p, h)
+    call check_entry('co2_ps', p, s)
+    call check_entry('co2_du', rho, u)
+    call check_entry('co2_dh', rho, h)
+    call check_entry('co2_ds', rho, s)
+    call check_entry('co2_dp', rho, p)
+    call check_entry('co2_hs', h, s)
+    call check_entry('co2_pu', p, u)
+    call check_entry('co2_ts', t, s)
+    call check_entry('co2_tx', 280.0_dp, 0.25_dp)
+    call check_entry('co2_px', 4000.0_dp, 0.25_dp)
+  end subroutine
+
+  subroutine check_entry(entry, first, second)
+    character(*), intent(in) :: entry
+    real(dp), intent(in) :: first, second
+    real(dp) :: temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, ssnd, visc, cond
+    real(dp) :: dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, a(19, 1), b(19), slopes(30)
+    integer(int32) :: ierr
+    type(co2_derivatives) :: d
+    select case (entry)
+    EACH(NAMED)
+    end select
+    call check(ierr <= 0, entry//': ierr')
+    a(:, 1) = [temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, ssnd, visc, cond, &
+      dpdd, dpdt, dhdd, dhdt, dsdd, dsdt]
+    select case (entry)
+    EACH(WITH_SET)
+    end select
+    call check(all(a(:, 1) == b), entry//': by name and by position')
+    slopes = transfer(d, slopes)
+    call co2_td_derivatives(temp, dens, ierr, d, IN_ORDER(OF_ONE))
+    call check(all(near(a(:, 1), b)), entry//': outputs of co2_td')
+    call check(all(near(slopes, transfer(d, slopes))), entry//': derivatives of co2_td')
+    if (qual < 1) return
+    call check(near(temp, 403.0_dp) .and. near(dens, 311.0_dp), entry//': the state')
   end subroutine
 
   subroutine scalar_calls()
     real(dp) :: t, p, u, w(3), nan
     integer(int32) :: ierr
-    ! Away from the edges of elements, where neighbours differ by more than rounding.
-    call check_names('co2_td', 403.0_dp, 311.0_dp)
-    call check_names('co2_tp', 403.0_dp, 311.0_dp)
-    call check_names('co2_ph', 403.0_dp, 311.0_dp)
-    call check_names('co2_ps', 403.0_dp, 311.0_dp)
-
     call co2_td(400.0_dp, 300.0_dp, ierr, t, p)
     call check(t == 400 .and. p > 7377.3_dp, 'by position, the rest absent')
     call co2_td(400.0_dp, 300.0_dp, ierr, t, inte=w(1))
@@ -129,40 +196,52 @@ contains
     call check(ierr == 0 .and. dens > 100, 'an absent argument passed on')
   end subroutine
 
-  ! All outputs of a batch against those of single calls, in places of their own.
-  subroutine check_batch(entry, first, second)
+  ! All outputs of a batch against those of single calls, in places of their own, and derivatives in a
+  ! section, backwards.
+  subroutine check_batch(entry, firsts, seconds)
+    character(*), intent(in) :: entry
+    real(dp), intent(in) :: firsts(:), seconds(:)
+    real(dp) :: all_of(19, size(firsts))
+    type(co2_derivatives) :: ds(2*size(firsts))
+    integer(int32) :: codes(size(firsts))
+    integer :: i
+    ds%fundam = canary
+    call solve(entry, firsts, seconds, codes, all_of, ds)
+    call check(all(ds(1::2)%fundam == canary), entry//': what lies between')
+    do i = 1, size(firsts)
+      call check_one(entry, firsts(i), seconds(i), codes(i), all_of(:, i), ds(size(ds) + 2 - 2*i))
+    end do
+  end subroutine
+
+  subroutine solve(entry, first, second, codes, a, ds)
     character(*), intent(in) :: entry
     real(dp), intent(in) :: first(:), second(:)
-    real(dp) :: a(19, size(first)), b(19)
-    integer(int32) :: codes(size(first)), ierr
-    integer :: i
-    logical :: ok
-    a = canary
+    integer(int32), intent(out) :: codes(:)
+    real(dp), intent(out) :: a(:, :)
+    type(co2_derivatives), intent(inout) :: ds(:)
+    integer(int32) :: codes_too(size(codes))
+    logical :: ok, ok_too
     select case (entry)
-    case ('co2_td')
-      call co2_td(first, second, codes, IN_ORDER(OF_ALL), ok)
-    case ('co2_tp')
-      call co2_tp(first, second, codes, IN_ORDER(OF_ALL), ok)
-    case ('co2_ph')
-      call co2_ph(first, second, codes, IN_ORDER(OF_ALL), ok)
-    case ('co2_ps')
-      call co2_ps(first, second, codes, IN_ORDER(OF_ALL), ok)
+    EACH(ARRAYS)
     end select
-    call check(ok, entry//': sizes agree')
-    do i = 1, size(first)
-      select case (entry)
-      case ('co2_td')
-        call co2_td(first(i), second(i), ierr, IN_ORDER(OF_ONE))
-      case ('co2_tp')
-        call co2_tp(first(i), second(i), ierr, IN_ORDER(OF_ONE))
-      case ('co2_ph')
-        call co2_ph(first(i), second(i), ierr, IN_ORDER(OF_ONE))
-      case ('co2_ps')
-        call co2_ps(first(i), second(i), ierr, IN_ORDER(OF_ONE))
-      end select
-      call check(codes(i) == ierr, entry//': code of a batch')
-      call check(all(a(:, i) == b), entry//': outputs of a batch')
-    end do
+    call check(ok .and. ok_too, entry//': sizes agree')
+    call check(all(codes == codes_too), entry//': codes with derivatives')
+  end subroutine
+
+  subroutine check_one(entry, first, second, code, outputs, derivatives)
+    character(*), intent(in) :: entry
+    real(dp), intent(in) :: first, second, outputs(:)
+    integer(int32), intent(in) :: code
+    type(co2_derivatives), intent(in) :: derivatives
+    type(co2_derivatives) :: d
+    real(dp) :: b(19), slopes(30)
+    integer(int32) :: ierr
+    select case (entry)
+    EACH(WITH_SET)
+    end select
+    call check(code == ierr, entry//': code of a batch')
+    call check(all(outputs == b), entry//': outputs of a batch')
+    call check(all(transfer(derivatives, slopes) == transfer(d, slopes)), entry//': derivatives')
   end subroutine
 
   subroutine array_calls()
@@ -170,10 +249,20 @@ contains
     real(dp) :: field(2, 3), nothing(0), result(0), t(3), one
     integer(int32) :: codes(6), none(0), ierr
     integer :: i
+    ! Vapour or liquid, supercritical, a mixture or an error.
     call check_batch('co2_td', [280.0_dp, 400.0_dp, 280.0_dp], [20.0_dp, 300.0_dp, 300.0_dp])
     call check_batch('co2_tp', [280.0_dp, 400.0_dp, 200.0_dp], [1e3_dp, 9e3_dp, 1e3_dp])
     call check_batch('co2_ph', [1e3_dp, 9e3_dp, 3e3_dp], [480.0_dp, 600.0_dp, 300.0_dp])
     call check_batch('co2_ps', [1e3_dp, 9e3_dp, 3e3_dp], [2.2_dp, 2.1_dp, 1.4_dp])
+    call check_batch('co2_du', [20.0_dp, 300.0_dp, 300.0_dp], [440.0_dp, 480.0_dp, 300.0_dp])
+    call check_batch('co2_dh', [20.0_dp, 300.0_dp, 300.0_dp], [490.0_dp, 530.0_dp, 300.0_dp])
+    call check_batch('co2_ds', [20.0_dp, 300.0_dp, 300.0_dp], [2.2_dp, 1.9_dp, 1.4_dp])
+    call check_batch('co2_dp', [20.0_dp, 300.0_dp, 300.0_dp], [1e3_dp, 2e4_dp, 3e3_dp])
+    call check_batch('co2_hs', [480.0_dp, 600.0_dp, 300.0_dp], [2.2_dp, 2.1_dp, 1.4_dp])
+    call check_batch('co2_pu', [1e3_dp, 9e3_dp, 3e3_dp], [440.0_dp, 500.0_dp, 300.0_dp])
+    call check_batch('co2_ts', [280.0_dp, 400.0_dp, 280.0_dp], [2.2_dp, 2.1_dp, 1.4_dp])
+    call check_batch('co2_tx', [280.0_dp, 260.0_dp, 310.0_dp], [0.2_dp, 1.0_dp, 0.5_dp])
+    call check_batch('co2_px', [4e3_dp, 3e3_dp, 4e3_dp], [0.2_dp, 0.0_dp, 1.5_dp])
 
     ! Components of cells, codes with a gap, backwards.
     cells%material = 7
@@ -199,6 +288,7 @@ contains
 
   subroutine unequal_arrays()
     real(dp) :: t(3) = 300, p(3) = 5000, h(3), short(2)
+    type(co2_derivatives) :: slopes(3)
     integer(int32) :: codes(3)
     logical :: ok
     codes = 77
@@ -209,6 +299,45 @@ contains
     call check(all(h == canary) .and. all(short == canary), 'nothing is written')
     call co2_tp(t, p(1:2), codes, enth=h, ok=ok)
     call check(.not. ok .and. all(h == canary), 'a short input')
+    slopes%cv_eq = canary
+    call co2_tp_derivatives(t, p, codes, slopes(1:2), enth=h, ok=ok)
+    call check(.not. ok .and. all(slopes%cv_eq == canary), 'short derivatives')
+  end subroutine
+
+  subroutine saturation()
+    real(dp), parameter :: temps(3) = [280, 310, 250]
+    type(co2_state) :: liq, vap, phases(2, 3)
+    real(dp) :: heat, slope, heats(3), slopes(3), b(19), all_of(19)
+    integer(int32) :: ierr, codes(3)
+    integer :: i
+    logical :: ok
+    call co2_sat_t(temps(1), ierr, liq, vap, heat, slope)
+    call check(ierr == 0 .and. liq%dens == calc_sat_liq_dens(temps(1)), 'sat_t: liquid')
+    call check(vap%dens == calc_sat_vap_dens(temps(1)), 'sat_t: vapour')
+    call check(heat == vap%enth - liq%enth, 'sat_t: latent heat')
+    call check(near(slope, (vap%entr - liq%entr)/(vap%svol - liq%svol)), 'sat_t: slope')
+    call check(liq%pres == calc_sat_pres(temps(1)) .and. vap%pres == liq%pres, 'sat_t: pres')
+    call check(liq%qual == 0 .and. vap%qual == 1, 'sat_t: qual')
+    call co2_td(temps(1), vap%dens, ierr, IN_ORDER(OF_ONE))
+    all_of = transfer(vap, all_of)
+    call check(all(near([all_of(:4), all_of(6:)], [b(:4), b(6:)])), 'sat_t: outputs of co2_td')
+    call co2_sat_p(liq%pres, ierr, vap=vap, dpdt_sat=slopes(1))
+    call check(ierr == 0 .and. near(vap%temp, temps(1)) .and. near(slopes(1), slope), 'sat_p')
+
+    call co2_sat_t(temps(3:1:-1), codes, phases(1, 3:1:-1), phases(2, 3:1:-1), heats, slopes, ok)
+    call check(ok .and. all(codes == [0, 1202, 0]), 'sat_t: codes of a batch')
+    do i = 1, 3
+      call co2_sat_t(temps(i), ierr, liq, vap, heat, slope)
+      call check(all(transfer(phases(1, i), b) == transfer(liq, b)), 'sat_t: liquid of a batch')
+      call check(all(transfer(phases(2, i), b) == transfer(vap, b)), 'sat_t: vapour of a batch')
+      call check(heats(4 - i) == heat .and. slopes(4 - i) == slope, 'sat_t: line of a batch')
+    end do
+    call co2_sat_p(phases(1, :)%pres, codes, liq=phases(2, :))
+    call check(all(codes == [0, 1303, 0]) .and. all(near(phases(2, :)%temp, [280, 0, 250]*1.0_dp)), &
+      'sat_p of a batch')
+    heats = canary
+    call co2_sat_p(phases(1, :)%pres, codes, latent_heat=heats(1:2), ok=ok)
+    call check(.not. ok .and. all(heats == canary), 'sat_p: a short output')
   end subroutine
 
   ! Parts, by relations between them and with the entries.

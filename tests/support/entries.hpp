@@ -1,5 +1,5 @@
 #pragma once
-// The four entries side by side, in all forms in which they are called.
+// The entries side by side, in all forms in which they are called.
 
 #include <gtest/gtest.h>
 
@@ -67,8 +67,28 @@ inline constexpr Entry tp = {
 inline constexpr Entry ph = {"co2_ph", 300, {pres, enth}, capacities, CO2_TEST_FORMS(ph)};
 inline constexpr Entry ps = {
     "co2_ps", 400, {pres, entr}, capacities | transport, CO2_TEST_FORMS(ps)};
-inline constexpr const Entry* entries[] = {&td, &tp, &ph, &ps};
-inline constexpr const Entry* caloric_entries[] = {&ph, &ps};
+inline constexpr Entry du = {
+    "co2_du", 500, {dens, inte}, capacities | transport, CO2_TEST_FORMS(du)};
+inline constexpr Entry dh = {
+    "co2_dh", 600, {dens, enth}, capacities | transport, CO2_TEST_FORMS(dh)};
+inline constexpr Entry ds = {
+    "co2_ds", 700, {dens, entr}, capacities | transport, CO2_TEST_FORMS(ds)};
+inline constexpr Entry dp = {
+    "co2_dp", 800, {dens, pres}, capacities | transport, CO2_TEST_FORMS(dp)};
+inline constexpr Entry hs = {
+    "co2_hs", 900, {enth, entr}, capacities | transport, CO2_TEST_FORMS(hs)};
+inline constexpr Entry pu = {
+    "co2_pu", 1000, {pres, inte}, capacities | transport, CO2_TEST_FORMS(pu)};
+inline constexpr Entry ts = {
+    "co2_ts", 1100, {temp, entr}, capacities | transport, CO2_TEST_FORMS(ts)};
+inline constexpr Entry tx = {
+    "co2_tx", 1400, {temp, qual}, capacities | transport, CO2_TEST_FORMS(tx)};
+inline constexpr Entry px = {
+    "co2_px", 1500, {pres, qual}, capacities | transport, CO2_TEST_FORMS(px)};
+inline constexpr const Entry* density_entries[] = {&du, &dh, &ds, &dp};
+inline constexpr const Entry* entries[] = {&td, &tp, &ph, &ps, &du, &dh, &ds,
+                                           &dp, &hs, &pu, &ts, &tx, &px};
+inline constexpr const Entry* caloric_entries[] = {&ph, &ps, &pu};
 
 /// Every present output of an error is +0.0, every present output of anything else is written, and
 /// nothing else is.

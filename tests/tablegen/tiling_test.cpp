@@ -19,8 +19,10 @@
 #include "fits/patch.hpp"
 #include "saturation/sat_density.hpp"
 #include "tablegen/emit/inverse_table.hpp"
+#include "tablegen/emit/isochore_table.hpp"
 #include "tablegen/emit/patch_table.hpp"
 #include "tablegen/emit/saturation_bounds_table.hpp"
+#include "tablegen/emit/start_grid_table.hpp"
 #include "tablegen/emit/tp_curve_table.hpp"
 #include "tablegen/tilings/cell_grid.hpp"
 #include "tablegen/tilings/element_tiling.hpp"
@@ -228,6 +230,11 @@ TEST(Tables, CarryTheDigestOfTheirInputs) {
   expect_digest("eos/tables/tp_curves.cpp", tp_curves_digest(elements_source));
   expect_digest("saturation/tables/saturation_bounds.cpp",
                 saturation_bounds_digest(elements_source));
+  expect_digest("solvers/tables/isochores.cpp", isochores_digest(elements_source));
+  expect_digest("solvers/tables/saturated_nodes.cpp", saturated_nodes_digest(elements_source));
+  for (const Table& table : start_grid_tables()) {
+    expect_digest(table.output, start_grid_digest(elements_source));
+  }
 }
 
 TEST(PatchTiling, ReadsRangesOriginsNamesAndPins) {

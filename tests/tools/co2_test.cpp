@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "api/co2_properties.hpp"
+#include "tests/support/derivatives.hpp"
 #include "tests/support/outputs.hpp"
 #include "tests/support/program.hpp"
 
@@ -31,34 +32,78 @@ class Co2 : public test::ProgramTest {
   }
 };
 
-TEST_F(Co2, EachNameStandsBesideTheValueOfItsOutput) {
-  test::Outputs values;
-  std::int32_t ierr = 0;
-  co2_td(310.0, 600.0, ierr, values.subset());
-  ASSERT_EQ(ierr, 0);
+using Values = std::vector<std::pair<std::string, std::vector<double>>>;  // one or two of each name
 
-  const Outcome screen = shell("co2 td 310 600 --digits 17");
-  EXPECT_EQ(screen.status, 0);
-  const std::vector<std::string> lines = split(screen.out, '\n');
-  ASSERT_EQ(lines.size(), test::output_count);
-  const Outcome file = shell("co2 td --csv -", "temp,dens\n310,600\n");
-  EXPECT_EQ(file.status, 0);
-  const std::vector<std::string> rows = split(file.out, '\n');
-  ASSERT_EQ(rows.size(), 2U);
-  const std::vector<std::string> header = split(rows[0], ',');
-  const std::vector<std::string> fields = split(rows[1], ',');
-  ASSERT_EQ(header.size(), test::output_count + 1);
+TEST_F(Co2, EachNameStandsBesideItsValues) {
+  test::Outputs out, vap_out;
+  test::Derivatives slopes, vap_slopes;
+  Values state, derivatives, phases, phase_derivatives;
+  std::string names;
+  std::int32_t ierr = 0;
+  co2_td(310.0, 600.0, ierr, out.subset(), slopes.set());
+  ASSERT_EQ(ierr, 0);
   for (std::size_t i = 0; i < test::output_count; ++i) {
-    SCOPED_TRACE(test::output_names[i]);
-    std::istringstream line(lines[i]);
-    std::string name;
-    std::string value;
-    line >> name >> value;
-    EXPECT_EQ(name, test::output_names[i]);
-    EXPECT_EQ(std::stod(value), values.value[i]);
-    const auto column =
-        std::find(header.begin(), header.end(), test::output_names[i]) - header.begin();
-    EXPECT_EQ(std::stod(fields.at(static_cast<std::size_t>(column))), values.value[i]);
+    state.push_back({test::output_names[i], {out.value[i]}});
+  }
+  for (std::size_t i = 0; i < test::derivative_count; ++i) {
+    derivatives.push_back({test::all_derivatives[i].name, {slopes.value[i]}});
+    names += std::string(i == 0 ? "" : ",") + test::all_derivatives[i].name;
+  }
+  double latent_heat = 0.0, dpdt_sat = 0.0;
+  const DerivativeSet liq_set = slopes.set(), vap_set = vap_slopes.set();
+  co2_sat_t(280.0, ierr,
+            {out.subset(), vap_out.subset(), &latent_heat, &dpdt_sat, &liq_set, &vap_set});
+  ASSERT_EQ(ierr, 0);
+  for (std::size_t i = 0; i < test::output_count; ++i) {
+    phases.push_back({test::output_names[i], {out.value[i]}});
+    if (i != test::temp && i != test::pres) phases.back().second.push_back(vap_out.value[i]);
+  }
+  phases.push_back({"latent_heat", {latent_heat}});
+  phases.push_back({"dpdt_sat", {dpdt_sat}});
+  for (std::size_t i = 0; i < test::derivative_count; ++i) {
+    phase_derivatives.push_back(
+        {test::all_derivatives[i].name, {slopes.value[i], vap_slopes.value[i]}});
+  }
+
+  struct Case {
+    std::string options;
+    const char* inputs;
+    const char* file;
+    const Values& expected;
+    std::size_t headings;
+    std::size_t inputs_kept;  ///< in the file, beside what is expected
+  };
+  for (const auto& [options, inputs, file, expected, headings, inputs_kept] :
+       {Case{"td ", "310 600", "temp,dens\n310,600\n", state, 0, 0},
+        Case{"td -c " + names + " ", "310 600", "temp,dens\n310,600\n", derivatives, 0, 2},
+        Case{"sat_t ", "280", "temp\n280\n", phases, 1, 0},
+        Case{"sat_t -c " + names + " ", "280", "temp\n280\n", phase_derivatives, 1, 1}}) {
+    SCOPED_TRACE(options);
+    const std::vector<std::string> lines =
+        split(shell("co2 " + options + inputs + " --digits 17").out, '\n');
+    const std::vector<std::string> rows =
+        split(shell("co2 " + options + "--csv -", file).out, '\n');
+    ASSERT_EQ(lines.size(), expected.size() + headings);
+    ASSERT_EQ(rows.size(), 2U);
+    const std::vector<std::string> header = split(rows[0], ',');
+    const std::vector<std::string> fields = split(rows[1], ',');
+    std::size_t columns = inputs_kept + 1;  // ierr
+    for (std::size_t i = 0; i < expected.size(); ++i) {
+      const auto& [name, values] = expected[i];
+      SCOPED_TRACE(name);
+      std::istringstream line(lines[i + headings]);
+      std::string word;
+      line >> word;
+      EXPECT_EQ(word, name);
+      for (std::size_t k = 0; k < values.size(); ++k, ++columns) {
+        line >> word;
+        EXPECT_EQ(std::stod(word), values[k]);
+        const std::string column = name + (values.size() == 1 ? "" : k == 0 ? "_liq" : "_vap");
+        const auto at = std::find(header.begin(), header.end(), column) - header.begin();
+        EXPECT_EQ(std::stod(fields.at(static_cast<std::size_t>(at))), values[k]);
+      }
+    }
+    EXPECT_EQ(header.size(), columns) << rows[0];
   }
 }
 
@@ -84,6 +129,13 @@ TEST_F(Co2, ExitStatusAndMessageTellWhatWentWrong) {
       {"two phases with viscosity", "ph 3000 300 -c visc", 0, ""},
       {"too hot", "ps 100 4.6", 2,
        "error 402: CO2_PS: specified inputs result in temperature above maximum value of 1500 K\n"},
+      {"derivative that a mixture has", "td 280 300 -c ssnd_eq", 0, ""},
+      {"derivative that it has not", "td 280 300 -c compr_t", 0, "warning -101"},
+      {"no saturation there", "sat_p 8000", 2,
+       "error 1304: CO2_SAT_P: specified pressure above critical value of 7377.3 kPa\n"},
+      {"no input", "sat_t", 1, "needs temp, or --csv"},
+      {"one input too many", "sat_t 280 300", 1, "not expected"},
+      {"property of the saturation line", "td 280 300 -c latent_heat", 1, "latent_heat"},
       {"unit behind the number", "td 310K 600", 1, "temp is not a number: '310K'"},
       {"NaN", "td 310 nan", 1, "dens is not a number: 'nan'"},
       {"one input", "td 310", 1, "needs temp and dens"},
@@ -205,23 +257,40 @@ TEST_F(Co2, BadRowsDoNotFloodTheScreen) {
 
 // Each step replaces what it computes: the densities and temperatures at the end are new.
 // None of the states lies at the edge of an element, where two of them answer.
-TEST_F(Co2, TheFourPairsLeadAroundToTheSameStates) {
-  const Outcome outcome = shell(
-      "co2 td --csv - -c pres 2>/dev/null | co2 tp --csv - -c enth 2>/dev/null |"
-      " co2 ph --csv - -c entr 2>/dev/null | co2 ps --csv - -c temp,dens",
-      "temp,dens\n313,600\n280,30\n260,1100\n");
+TEST_F(Co2, ThePairsLeadAroundToTheSameStates) {
+  std::string command;
+  for (const char* const step :
+       {"td --csv - -c pres", "tp --csv - -c enth", "ph --csv - -c entr", "ps --csv - -c inte",
+        "pu --csv - -c dens", "du --csv - -c enth", "dh --csv - -c entr", "ds --csv - -c pres",
+        "dp --csv - -c enth", "hs --csv - -c temp", "ts --csv - -c dens"}) {
+    command += std::string(command.empty() ? "" : " 2>/dev/null | ") + "co2 " + step;
+  }
+  const Outcome outcome = shell(command, "temp,dens\n313,600\n280,31\n260,1100\n");
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.err, "standard input: 3 rows, 3 solved, 0 rejected, 0 unreadable\n");
   const std::vector<std::string> rows = split(outcome.out, '\n');
   ASSERT_EQ(rows.size(), 4U);
-  EXPECT_EQ(rows[0], "pres,enth,entr,temp,dens,ierr");
-  const std::pair<double, double> expected[] = {{313.0, 600.0}, {280.0, 30.0}, {260.0, 1100.0}};
+  EXPECT_EQ(rows[0], "inte,entr,pres,enth,temp,dens,ierr");
+  const std::pair<double, double> expected[] = {{313.0, 600.0}, {280.0, 31.0}, {260.0, 1100.0}};
   for (std::size_t i = 0; i < 3; ++i) {
     const std::vector<std::string> fields = split(rows[i + 1], ',');
     const auto& [temp, dens] = expected[i];
-    EXPECT_NEAR(std::stod(fields.at(3)), temp, 1e-9 * temp);
-    EXPECT_NEAR(std::stod(fields.at(4)), dens, 1e-9 * dens);
+    EXPECT_NEAR(std::stod(fields.at(4)), temp, 1e-9 * temp);
+    EXPECT_NEAR(std::stod(fields.at(5)), dens, 1e-9 * dens);
   }
+}
+
+TEST_F(Co2, FilesOfSaturationHaveOneInput) {
+  const Outcome outcome =
+      shell("co2 sat_t --csv - -c temp,qual", "qual_liq,x,temp\n7,a,280\n7,b,?\n7,c,305\n");
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(outcome.out, "x,temp,qual_liq,qual_vap,ierr\na,280,0,1,0\nb,?,,,\nc,305,,,1202\n");
+  EXPECT_EQ(
+      outcome.err,
+      "standard input:3: temp is not a number: '?'\n"
+      "standard input:4: error 1202: CO2_SAT_T: specified temperature above critical value of "
+      "304.1282 K\n"
+      "standard input: 3 rows, 1 solved, 1 rejected, 1 unreadable\n");
 }
 
 TEST_F(Co2, InfoListsTheConstants) {
@@ -239,20 +308,22 @@ TEST_F(Co2, InfoListsTheConstants) {
 
 TEST_F(Co2, ExamplesOfTheHelpRun) {
   int examples = 0;
-  for (const char* const help :
-       {"co2 --help", "co2 td --help", "co2 tp --help", "co2 ph --help", "co2 ps --help"}) {
-    const std::string text = shell(help).out;
+  std::vector<std::string> helps = {"co2 --help"};
+  for (std::size_t i = 0; i < helps.size(); ++i) {
+    const std::string text = shell(helps[i]).out;
     const std::size_t start = text.find("Examples:\n");
-    ASSERT_NE(start, std::string::npos);
+    ASSERT_NE(start, std::string::npos) << helps[i];
     for (const std::string& line : split(text.substr(start), '\n')) {
       if (line.find("  co2 ") != 0 && line.find("| co2 ") == std::string::npos) continue;
       const Outcome outcome = shell(line);
       EXPECT_EQ(outcome.status, 0) << line << '\n' << outcome.err;
       EXPECT_FALSE(outcome.out.empty());
       ++examples;
+      const std::string name = split(line, ' ').at(3);
+      if (i == 0 && name != "info") helps.push_back("co2 " + name + " --help");
     }
   }
-  EXPECT_EQ(examples, 17);
+  EXPECT_EQ(examples, 16 + 3 * 15);
 }
 
 }  // namespace

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "accuracy_report/criteria.hpp"
+#include "accuracy_report/derivatives.hpp"
 #include "accuracy_report/jumps.hpp"
 #include "accuracy_report/rounding.hpp"
 #include "accuracy_report/sampling.hpp"
@@ -30,6 +31,7 @@ struct Options {
   std::string csv_folder;
   std::string update;
   bool transport = false;
+  bool derivatives = false;
 };
 
 /// A text file that fails loudly.
@@ -146,6 +148,10 @@ int main_program(const int argc, const char* const* const argv) {
                "Instead of all else: viscosity and conductivity against newer correlations, a "
                "fifth of N states "
                "in each part of the domain");
+  app.add_flag(
+      "--derivatives", options.derivatives,
+      "Instead of all else: the set of derivatives, at a hundredth of N states and as many "
+      "mixtures");
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
@@ -154,6 +160,12 @@ int main_program(const int argc, const char* const* const argv) {
   if (options.transport) {
     return publish(options,
                    {newer_models_section(options.states / 5, options.seed, options.threads)});
+  }
+  if (options.derivatives) {
+    const Sample sample = draw_sample(options.states, options.seed, options.threads);
+    return publish(options,
+                   {derivative_set_section(derivative_errors(sample.states, options.states / 100,
+                                                             options.seed, options.threads))});
   }
   return report(options);
 }

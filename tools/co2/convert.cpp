@@ -40,32 +40,28 @@ std::size_t find_field(const std::vector<std::string_view>& names, const Propert
 
 }  // namespace
 
-ColumnPlan::ColumnPlan(const std::string_view header_line, const InputPair& pair,
-                       const std::span<const std::size_t> wanted) {
+ColumnPlan::ColumnPlan(const std::string_view header_line, const Subcommand& subcommand,
+                       const std::span<const std::size_t> wanted)
+    : results(results_of(subcommand, wanted)) {
   std::vector<std::string_view> fields;
   split_fields(header_line, fields);
   field_count = fields.size();
   std::vector<std::string_view> names(fields.size());
   std::transform(fields.begin(), fields.end(), names.begin(), field_text);
-  first = find_field(names, pair.first);
-  second = find_field(names, pair.second);
-
-  const auto is_input = [&pair](const std::size_t i) {
-    return properties[i].name == pair.first.name || properties[i].name == pair.second.name;
-  };
-  std::copy_if(wanted.begin(), wanted.end(), std::back_inserter(results),
-               [&is_input](const std::size_t i) { return !is_input(i); });
+  for (const Property* const input : subcommand.inputs()) {
+    inputs.push_back(find_field(names, *input));
+    std::erase_if(results, [input](const Result& r) { return r.name == input->name; });
+  }
   const auto is_replaced = [this, &names](const std::size_t i) {
-    const std::size_t property = find_property(names[i]);
-    return names[i] == "ierr" ||
-           std::find(results.begin(), results.end(), property) != results.end();
+    return names[i] == "ierr" || std::any_of(results.begin(), results.end(),
+                                             [&](const Result& r) { return r.name == names[i]; });
   };
   for (std::size_t i = 0; i < field_count; ++i) {
     if (is_replaced(i)) continue;
     kept.push_back(i);
     header += fmt::format("{},", fields[i]);
   }
-  for (const std::size_t i : results) header += fmt::format("{},", properties[i].name);
+  for (const Result& result : results) header += fmt::format("{},", result.name);
   header += "ierr\n";
 }
 
@@ -81,13 +77,14 @@ Tally& Tally::operator+=(const Tally& later) {
   return *this;
 }
 
-Converter::Converter(const ColumnPlan& plan, const InputPair& pair, std::string file_name,
+Converter::Converter(const ColumnPlan& plan, const Subcommand& subcommand, std::string file_name,
                      const int digits)
     : plan_(&plan),
-      pair_(&pair),
+      subcommand_(&subcommand),
       file_name_(std::move(file_name)),
       digits_(digits),
-      solve_(pair, plan.results) {}
+      solve_(subcommand, plan.results),
+      inputs_(plan.inputs.size()) {}
 
 void Converter::convert(std::string_view lines, std::uint64_t line) {
   rows_.clear();
@@ -107,9 +104,7 @@ void Converter::report(const std::uint64_t line, const std::string_view text) {
 void Converter::convert_row(const std::string_view row, const std::uint64_t line) {
   ++tally_.rows;
   split_fields(row, fields_);
-  double first = 0.0;
-  double second = 0.0;
-  const bool readable = read_inputs(line, first, second);
+  const bool readable = read_inputs(line);
   write_kept();
   if (!readable) {
     ++tally_.unreadable;
@@ -117,7 +112,7 @@ void Converter::convert_row(const std::string_view row, const std::uint64_t line
     append(rows_, "\n");
     return;
   }
-  const State& state = solve_(first, second);
+  const State& state = solve_(inputs_);
   if (state.ierr > 0) {
     ++tally_.rejected;
     write_no_results();
@@ -132,21 +127,22 @@ void Converter::convert_row(const std::string_view row, const std::uint64_t line
   fmt::format_to(std::back_inserter(rows_), FMT_COMPILE("{}\n"), state.ierr);
 }
 
-bool Converter::read_inputs(const std::uint64_t line, double& first, double& second) {
+bool Converter::read_inputs(const std::uint64_t line) {
   if (fields_.size() != plan_->field_count) {
     report(line, fmt::format("the number of fields is {}, in the header {}", fields_.size(),
                              plan_->field_count));
     return false;
   }
-  const auto read = [&](const std::size_t field, const Property& property, double& value) {
-    const std::string_view text = field_text(fields_[field]);
+  bool readable = true;
+  for (std::size_t k = 0; k < inputs_.size(); ++k) {
+    const std::string_view text = field_text(fields_[plan_->inputs[k]]);
     const std::optional<double> number = parse_number(text);
-    value = number.value_or(0.0);
-    if (!number) report(line, fmt::format("{} is not a number: '{}'", property.name, text));
-    return number.has_value();
-  };
-  const bool first_is_good = read(plan_->first, pair_->first, first);
-  return read(plan_->second, pair_->second, second) && first_is_good;
+    inputs_[k] = number.value_or(0.0);
+    if (number) continue;
+    readable = false;
+    report(line, fmt::format("{} is not a number: '{}'", subcommand_->inputs()[k]->name, text));
+  }
+  return readable;
 }
 
 void Converter::write_kept() {
@@ -157,8 +153,8 @@ void Converter::write_kept() {
 }
 
 void Converter::write_results(const State& state) {
-  for (const std::size_t i : plan_->results) {
-    append_number(rows_, state.values[i], digits_);
+  for (const Result& result : plan_->results) {
+    append_number(rows_, state[result], digits_);
     append(rows_, ",");
   }
 }

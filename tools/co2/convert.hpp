@@ -11,27 +11,27 @@
 #include <string_view>
 #include <vector>
 
-#include "co2/input_pair.hpp"
+#include "co2/subcommand.hpp"
 
 namespace co2_properties::tool {
 
 /// What the columns of a file hold and which columns are written.
 ///
 /// Every column of the file is written as it stands, in its place, except a column that bears the
-/// name of a result (and is not one of the two inputs) or `ierr`: that one is left out, because
-/// the new value follows. After them come the wanted results other than the inputs, then `ierr`.
+/// name of a result (and is not an input) or `ierr`: that one is left out, because the new value
+/// follows. After them come the wanted results other than the inputs, then `ierr`.
 struct ColumnPlan {
   /// \param header  the header line of the file
   /// \param wanted  indices of properties
   /// Throws std::runtime_error if the header lacks an input or names one twice.
-  ColumnPlan(std::string_view header, const InputPair& pair, std::span<const std::size_t> wanted);
+  ColumnPlan(std::string_view header, const Subcommand& subcommand,
+             std::span<const std::size_t> wanted);
 
-  std::size_t field_count;           ///< fields of the header
-  std::size_t first = 0;             ///< field of the first input
-  std::size_t second = 0;            ///< field of the second input
-  std::vector<std::size_t> kept;     ///< fields that are written
-  std::vector<std::size_t> results;  ///< properties that are written after them
-  std::string header;                ///< the header line of the result
+  std::size_t field_count;          ///< fields of the header
+  std::vector<std::size_t> inputs;  ///< fields of the inputs
+  std::vector<std::size_t> kept;    ///< fields that are written
+  std::vector<Result> results;      ///< what is written after them
+  std::string header;               ///< the header line of the result
 };
 
 /// Counts over the rows of a file.
@@ -59,7 +59,8 @@ class Converter {
   /// \param plan       must outlive the converter
   /// \param file_name  name of the file in reports
   /// \param digits     significant digits of results; 0: as many as tell the number from all others
-  Converter(const ColumnPlan& plan, const InputPair& pair, std::string file_name, int digits);
+  Converter(const ColumnPlan& plan, const Subcommand& subcommand, std::string file_name,
+            int digits);
 
   /// Converts whole lines, of which the first has the number `line`. Each row gives one row; a bad
   /// one, with empty results, also gives a line of `reports()`, of which there are at most
@@ -73,17 +74,18 @@ class Converter {
  private:
   void report(std::uint64_t line, std::string_view text);
   void convert_row(std::string_view row, std::uint64_t line);
-  bool read_inputs(std::uint64_t line, double& first, double& second);
+  bool read_inputs(std::uint64_t line);
   void write_kept();
   void write_results(const State& state);
   void write_no_results();
 
   const ColumnPlan* plan_;
-  const InputPair* pair_;
+  const Subcommand* subcommand_;
   std::string file_name_;
   int digits_;
   StateSolver solve_;
   std::vector<std::string_view> fields_;
+  std::vector<double> inputs_;
   fmt::memory_buffer rows_;
   std::vector<std::string> reports_;
   Tally tally_;

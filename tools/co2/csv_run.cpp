@@ -126,10 +126,10 @@ void print_summary(const Tally& tally, const std::string& name, const double sec
 /// The converters of a run, one for each thread.
 class Workers {
  public:
-  Workers(const ColumnPlan& plan, const InputPair& pair, const std::string& name,
+  Workers(const ColumnPlan& plan, const Subcommand& subcommand, const std::string& name,
           const CsvJob& job) {
     for (unsigned i = 0; i < job.threads; ++i) {
-      converters_.push_back(std::make_unique<Converter>(plan, pair, name, job.digits));
+      converters_.push_back(std::make_unique<Converter>(plan, subcommand, name, job.digits));
     }
   }
 
@@ -155,7 +155,7 @@ class Workers {
 
 }  // namespace
 
-bool run_csv(const InputPair& pair, const CsvJob& job) {
+bool run_csv(const Subcommand& subcommand, const CsvJob& job) {
   const std::string name = job.input == "-" ? "standard input" : job.input;
   BlockReader reader(job.input, job.threads * bytes_per_thread);
   Progress progress(reader.size(), job.output == "-");
@@ -171,12 +171,12 @@ bool run_csv(const InputPair& pair, const CsvJob& job) {
     if (lines.empty()) throw std::runtime_error(fmt::format("{}: no header line", name));
     header = take_header(lines, line);
   }
-  const ColumnPlan plan(header, pair, job.columns);
+  const ColumnPlan plan(header, subcommand, job.columns);
 
   check_not_same_file(job);
   Output output(job.output);
   output.write(plan.header);
-  Workers workers(plan, pair, name, job);
+  Workers workers(plan, subcommand, name, job);
   Tally tally;
   FirstReports reports;
   // What follows the header in its block may be nothing, if a pipe gave the header alone.

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "co2/input_pair.hpp"
+#include "co2/subcommand.hpp"
 
 namespace co2_properties::tool {
 
@@ -20,6 +20,6 @@ struct CsvJob {
 /// Reads states, writes their properties, reports bad rows and the counts on standard error.
 /// \return true if every row was solved (warnings count as solved)
 /// Throws std::runtime_error when a file cannot be read or written, or the header lacks an input.
-bool run_csv(const InputPair& pair, const CsvJob& job);
+bool run_csv(const Subcommand& subcommand, const CsvJob& job);
 
 }  // namespace co2_properties::tool

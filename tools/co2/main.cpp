@@ -4,10 +4,10 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <array>
 #include <cstdio>
 #include <deque>
 #include <exception>
-#include <numeric>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -16,9 +16,9 @@
 
 #include "co2/csv.hpp"
 #include "co2/csv_run.hpp"
-#include "co2/input_pair.hpp"
 #include "co2/print.hpp"
 #include "co2/properties.hpp"
+#include "co2/subcommand.hpp"
 
 namespace co2_properties::tool {
 namespace {
@@ -27,10 +27,9 @@ enum ExitCode { solved = 0, failed = 1, rejected = 2 };
 
 /// What the user asked of one subcommand.
 struct Request {
-  const InputPair* pair = nullptr;
+  const Subcommand* subcommand = nullptr;
   CLI::App* command = nullptr;
-  std::string first;
-  std::string second;
+  std::array<std::string, 2> inputs;
   std::string input;
   std::string output = "-";
   std::vector<std::string> columns;
@@ -48,65 +47,96 @@ Exit status:
 )";
 
 constexpr const char* file_help = R"(Files:
-  The header line names the columns '{}' ({}) and '{}' ({}), in any order; other columns
-  are copied. Blank lines and lines that start with '#' are skipped, fields may be quoted,
-  lines may end in CRLF. Each row gives one row: the columns of the file, the properties,
-  and 'ierr', the status of the library (0 solved, negative warning, positive error). A
-  column of the file that has the name of one of these is left out, except the two inputs.
-  A bad row keeps its columns but has no properties and, if unreadable, no ierr; it is
-  reported with its line number on standard error (the first 100), and the run goes on.
+  The header line names {}; other columns are copied.
+  Blank lines and lines that start with '#' are skipped, fields may be quoted, lines may
+  end in CRLF. Each row gives one row: the columns of the file, the properties, and 'ierr',
+  the status of the library (0 solved, negative warning, positive error). A column of the
+  file that has the name of one of these is left out, except inputs. A bad row keeps its
+  columns but has no properties and, if unreadable, no ierr; it is reported with its line
+  number on standard error (the first 100), and the run goes on.{}
 )";
 
 [[nodiscard]] std::string program_help() {
   std::string text = "Examples:\n";
-  for (const InputPair& pair : input_pairs()) {
-    text += fmt::format("  co2 {} {}\n", pair.command, pair.example);
+  for (const Subcommand& subcommand : subcommands()) {
+    text += fmt::format("  co2 {} {}\n", subcommand.name, subcommand.example);
   }
   text += "  co2 info\n";
   return text + exit_status_help;
 }
 
-[[nodiscard]] std::string pair_help(const InputPair& pair) {
-  std::string text = fmt::format(fmt::runtime(file_help), pair.first.name, pair.first.unit,
-                                 pair.second.name, pair.second.unit);
-  text += "\nProperties:\n";
-  for (const Property& property : properties) {
-    text += fmt::format("  {:<6}{:<15}{}\n", property.name, property.unit, property.meaning);
+/// The inputs, each as `pattern` says, with `separator` between them.
+template <class Pattern>
+[[nodiscard]] std::string join_inputs(const Subcommand& subcommand, const Pattern pattern,
+                                      const char* const separator) {
+  std::string text;
+  for (const Property* const input : subcommand.inputs()) {
+    text += text.empty() ? "" : separator;
+    text += pattern(*input);
   }
-  std::string example_row = pair.example;
+  return text;
+}
+
+[[nodiscard]] std::string input_name(const Property& input) { return std::string(input.name); }
+
+[[nodiscard]] std::string property_table(const std::vector<std::size_t>& indices) {
+  std::string text;
+  for (const std::size_t i : indices) {
+    const Property& property = properties[i];
+    text += fmt::format("  {:<13}{:<15}{}\n", property.name, property.unit, property.meaning);
+  }
+  return text;
+}
+
+[[nodiscard]] std::string subcommand_help(const Subcommand& subcommand) {
+  std::string text = fmt::format(
+      fmt::runtime(file_help),
+      join_inputs(
+          subcommand, [](const Property& p) { return fmt::format("'{}' ({})", p.name, p.unit); },
+          " and "),
+      subcommand.saturation == nullptr
+          ? ""
+          : " What differs between the\n  phases has two columns, such as dens_liq and dens_vap.");
+  const Choice properties = choice(subcommand);
+  text += "\nProperties:\n" + property_table(properties.usual);
+  text += "\nFurther ones, for --columns; in a mixture those of the mixture in equilibrium:\n" +
+          property_table(properties.further);
+  std::string example_row = subcommand.example;
   std::replace(example_row.begin(), example_row.end(), ' ', ',');
   text += fmt::format(
       "\nExamples:\n"
       "  co2 {0} {1}\n"
-      "  co2 {0} {1} --columns inte,cp,ssnd\n"
-      "  printf '{2},{3}\\n{4}\\n' | co2 {0} --csv -\n",
-      pair.command, pair.example, pair.first.name, pair.second.name, example_row);
+      "  co2 {0} {1} --columns inte,cp,ssnd,dpdd_u\n"
+      "  printf '{2}\\n{3}\\n' | co2 {0} --csv -\n",
+      subcommand.name, subcommand.example, join_inputs(subcommand, input_name, ","), example_row);
   return text + exit_status_help;
 }
 
 void add_options(Request& request) {
-  const InputPair& pair = *request.pair;
+  const Subcommand& subcommand = *request.subcommand;
   CLI::App& command = *request.command;
-  const auto describe = [](const Property& property) {
-    return fmt::format("{}, {}", property.meaning, property.unit);
-  };
   CLI::Option* const csv = command.add_option(
       "--csv", request.input, "Comma-separated file of states; - for standard input");
   csv->type_name("FILE");
-  command.add_option(std::string(pair.first.name), request.first, describe(pair.first))
-      ->type_name("NUMBER")
-      ->excludes(csv);
-  command.add_option(std::string(pair.second.name), request.second, describe(pair.second))
-      ->type_name("NUMBER");
+  for (std::size_t k = 0; k < subcommand.inputs().size(); ++k) {
+    const Property& input = *subcommand.inputs()[k];
+    command
+        .add_option(input_name(input), request.inputs[k],
+                    fmt::format("{}, {}", input.meaning, input.unit))
+        ->type_name("NUMBER")
+        ->excludes(csv);
+  }
   command.add_option("-o,--output", request.output, "File of results; standard output if absent")
       ->type_name("FILE")
       ->needs(csv);
-  std::vector<std::string> names(property_count);
-  std::transform(properties.begin(), properties.end(), names.begin(),
-                 [](const Property& property) { return std::string(property.name); });
+  const auto [usual, further] = choice(subcommand);
+  std::vector<std::string> names;
+  for (const auto* const part : {&usual, &further}) {
+    for (const std::size_t i : *part) names.emplace_back(properties[i].name);
+  }
   command
       .add_option("-c,--columns", request.columns,
-                  "Properties wanted, separated by commas; all if absent")
+                  "Properties wanted, separated by commas; all but the further ones if absent")
       ->type_name("NAMES")
       ->delimiter(',')
       ->allow_extra_args(false)
@@ -125,17 +155,13 @@ void add_options(Request& request) {
       ->check(CLI::Range(1, 256).description(""))
       ->needs(csv)
       ->capture_default_str();
-  command.footer(pair_help(pair));
+  command.footer(subcommand_help(subcommand));
 }
 
 [[nodiscard]] std::vector<std::size_t> wanted_columns(const Request& request) {
   std::vector<std::size_t> columns;
   for (const std::string& name : request.columns) columns.push_back(find_property(name));
-  if (columns.empty()) {
-    columns.resize(property_count);
-    std::iota(columns.begin(), columns.end(), std::size_t{0});
-  }
-  return columns;
+  return columns.empty() ? choice(*request.subcommand).usual : columns;
 }
 
 [[nodiscard]] double read_argument(const Property& property, const std::string& text) {
@@ -144,22 +170,26 @@ void add_options(Request& request) {
 }
 
 ExitCode run_single(const Request& request) {
-  const InputPair& pair = *request.pair;
-  if (request.first.empty() || request.second.empty()) {
-    throw std::runtime_error(fmt::format("{0} needs {1} and {2}, or --csv; see co2 {0} --help",
-                                         pair.command, pair.first.name, pair.second.name));
+  const Subcommand& subcommand = *request.subcommand;
+  std::vector<double> inputs;
+  for (const Property* const input : subcommand.inputs()) {
+    const std::string& text = request.inputs[inputs.size()];
+    if (text.empty()) {
+      throw std::runtime_error(fmt::format("{0} needs {1}, or --csv; see co2 {0} --help",
+                                           subcommand.name,
+                                           join_inputs(subcommand, input_name, " and ")));
+    }
+    inputs.push_back(read_argument(*input, text));
   }
-  const double first = read_argument(pair.first, request.first);
-  const double second = read_argument(pair.second, request.second);
-  const std::vector<std::size_t> columns = wanted_columns(request);
-  StateSolver solve(pair, columns);
-  const State& state = solve(first, second);
+  const std::vector<Result> results = results_of(subcommand, wanted_columns(request));
+  StateSolver solve(subcommand, results);
+  const State& state = solve(inputs);
   if (state.ierr != 0) {
     fmt::print(stderr, "co2: {} {}: {}\n", state.ierr < 0 ? "warning" : "error", state.ierr,
                message(state.ierr));
   }
   if (state.ierr > 0) return rejected;
-  print_state(state, columns, request.digits == 0 ? digits_on_screen : request.digits);
+  print_state(state, results, request.digits == 0 ? digits_on_screen : request.digits);
   return solved;
 }
 
@@ -167,7 +197,7 @@ ExitCode run(const Request& request) {
   if (request.input.empty()) return run_single(request);
   const CsvJob job{request.input, request.output, wanted_columns(request), request.digits,
                    request.threads};
-  return run_csv(*request.pair, job) ? solved : rejected;
+  return run_csv(*request.subcommand, job) ? solved : rejected;
 }
 
 ExitCode main_program(const int argc, const char* const* const argv) {
@@ -176,10 +206,10 @@ ExitCode main_program(const int argc, const char* const* const argv) {
   app.require_subcommand(1);
   app.footer(program_help());
   std::deque<Request> requests;
-  for (const InputPair& pair : input_pairs()) {
+  for (const Subcommand& subcommand : subcommands()) {
     Request& request = requests.emplace_back();
-    request.pair = &pair;
-    request.command = app.add_subcommand(pair.command, pair.summary);
+    request.subcommand = &subcommand;
+    request.command = app.add_subcommand(subcommand.name, subcommand.summary);
     add_options(request);
   }
   const CLI::App* const info = app.add_subcommand("info", "Critical point and limits");

@@ -15,7 +15,7 @@ namespace {
 
 struct Row {
   std::string_view name;
-  double value;
+  std::vector<double> values;  ///< one or, of liquid and vapour, two
   std::string_view unit;
   std::string_view meaning;
 };
@@ -25,32 +25,60 @@ struct Row {
   return std::min(number.find_first_of(".e"), number.size());
 }
 
-void print_rows(const std::vector<Row>& rows, const int digits) {
+/// The numbers of one column, blank where a row has none, as wide as the widest of them.
+[[nodiscard]] std::vector<std::string> column(const std::vector<Row>& rows, const std::size_t k,
+                                              const int digits) {
   std::vector<std::string> numbers;
   std::size_t before = 0;
   for (const Row& row : rows) {
-    numbers.push_back(digits == 0 ? fmt::format("{}", row.value)
-                                  : fmt::format("{:.{}g}", row.value, digits));
-    before = std::max(before, integer_width(numbers.back()));
+    std::string& number = numbers.emplace_back();
+    if (k >= row.values.size()) continue;
+    number = digits == 0 ? fmt::format("{}", row.values[k])
+                         : fmt::format("{:.{}g}", row.values[k], digits);
+    before = std::max(before, integer_width(number));
   }
   std::size_t width = 0;
   for (std::string& number : numbers) {
     number.insert(0, before - integer_width(number), ' ');
     width = std::max(width, number.size());
   }
+  for (std::string& number : numbers) number.resize(width, ' ');
+  return numbers;
+}
+
+void print_rows(const std::vector<Row>& rows, const int digits) {
+  std::size_t columns = 0;
+  std::size_t name_width = 6;
+  for (const Row& row : rows) {
+    columns = std::max(columns, row.values.size());
+    name_width = std::max(name_width, row.name.size());
+  }
+  std::vector<std::string> numbers(rows.size());
+  std::string heading(name_width + 2, ' ');
+  for (std::size_t k = 0; k < columns; ++k) {
+    const std::vector<std::string> values = column(rows, k, digits);
+    const std::string_view title = columns == 1 ? "" : k == 0 ? "liquid" : "vapour";
+    const std::size_t width = std::max(values.front().size(), title.size());
+    heading += fmt::format("{:<{}}  ", title, width);
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+      numbers[i] += fmt::format("{:<{}}  ", values[i], width);
+    }
+  }
+  if (columns > 1) fmt::print("{}\n", heading.substr(0, heading.find_last_not_of(' ') + 1));
   for (std::size_t i = 0; i < rows.size(); ++i) {
-    fmt::print("{:<8}{:<{}}  {:<15}{}\n", rows[i].name, numbers[i], width, rows[i].unit,
+    fmt::print("{:<{}}  {}{:<15}{}\n", rows[i].name, name_width, numbers[i], rows[i].unit,
                rows[i].meaning);
   }
 }
 
 }  // namespace
 
-void print_state(const State& state, const std::span<const std::size_t> results, const int digits) {
+void print_state(const State& state, const std::span<const Result> results, const int digits) {
   std::vector<Row> rows;
-  for (const std::size_t i : results) {
-    const Property& property = properties[i];
-    rows.push_back({property.name, state.values[i], property.unit, property.meaning});
+  for (const Result& result : results) {
+    const Property& property = properties[result.property];
+    if (result.phase == 0) rows.push_back({property.name, {}, property.unit, property.meaning});
+    rows.back().values.push_back(state[result]);
   }
   print_rows(rows, digits);
 }
@@ -59,15 +87,15 @@ void print_info() {
   std::array<double, 9> value{};
   auto& [tcrit, dcrit, pcrit, tmin, tmax, pmin, pmax, tsatmin, psatmin] = value;
   co2_info(&tcrit, &dcrit, &pcrit, &tmin, &tmax, &pmin, &pmax, &tsatmin, &psatmin);
-  print_rows({{"tcrit", tcrit, "K", "critical temperature"},
-              {"dcrit", dcrit, "kg/m3", "critical density"},
-              {"pcrit", pcrit, "kPa", "critical pressure"},
-              {"tmin", tmin, "K", "lowest temperature accepted"},
-              {"tmax", tmax, "K", "highest temperature accepted"},
-              {"pmin", pmin, "kPa", "lowest pressure accepted"},
-              {"pmax", pmax, "kPa", "highest pressure accepted"},
-              {"tsatmin", tsatmin, "K", "lowest temperature of the saturation line"},
-              {"psatmin", psatmin, "kPa", "saturation pressure at that temperature"}},
+  print_rows({{"tcrit", {tcrit}, "K", "critical temperature"},
+              {"dcrit", {dcrit}, "kg/m3", "critical density"},
+              {"pcrit", {pcrit}, "kPa", "critical pressure"},
+              {"tmin", {tmin}, "K", "lowest temperature accepted"},
+              {"tmax", {tmax}, "K", "highest temperature accepted"},
+              {"pmin", {pmin}, "kPa", "lowest pressure accepted"},
+              {"pmax", {pmax}, "kPa", "highest pressure accepted"},
+              {"tsatmin", {tsatmin}, "K", "lowest temperature of the saturation line"},
+              {"psatmin", {psatmin}, "kPa", "saturation pressure at that temperature"}},
              0);
 }
 

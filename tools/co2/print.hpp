@@ -5,15 +5,15 @@
 #include <cstdio>
 #include <span>
 
-#include "co2/input_pair.hpp"
+#include "co2/subcommand.hpp"
 
 namespace co2_properties::tool {
 
-/// Prints name, value, unit and meaning of the properties `results` (indices) of a state, the
-/// decimal points aligned.
+/// Prints name, value, unit and meaning of results of a state, the decimal points aligned; those of
+/// liquid and vapour side by side, under a heading.
 ///
 /// \param digits  significant digits; 0: as many as are exact
-void print_state(const State& state, std::span<const std::size_t> results, int digits);
+void print_state(const State& state, std::span<const Result> results, int digits);
 
 /// Prints the critical point and the limits of the library.
 void print_info();

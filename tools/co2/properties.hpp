@@ -5,21 +5,24 @@
 #include <cstddef>
 #include <string_view>
 
-#include "co2_properties/output_set.hpp"
+#include "co2_properties/saturation_set.hpp"
 
 namespace co2_properties::tool {
 
-/// One of the nineteen results of a state.
+/// A quantity, and which member of one of three sets takes the address of its value.
 struct Property {
   std::string_view name;
   std::string_view unit;
   std::string_view meaning;
-  double* OutputSet::*slot;  ///< where an `OutputSet` takes the address of the result
+  double* OutputSet::*output = nullptr;
+  double* DerivativeSet::*derivative = nullptr;
+  double* SaturationSet::*line = nullptr;  ///< of the saturation line, not of a phase
 };
 
-inline constexpr std::size_t property_count = 19;
+inline constexpr std::size_t property_count =
+    (sizeof(OutputSet) + sizeof(DerivativeSet)) / sizeof(double*) + 2;
 
-/// In the order of `OutputSet`, which is also the order of the columns that are written.
+/// In the order of the sets, which is also the order of the columns that are written.
 inline constexpr std::array<Property, property_count> properties = {{
     // outputs: begin, written by scripts/generate_outputs
     {"temp", "K", "temperature", &OutputSet::temp},
@@ -42,6 +45,45 @@ inline constexpr std::array<Property, property_count> properties = {{
     {"dsdd", "kJ m3/(kg2 K)", "ds/drho at constant temperature", &OutputSet::dsdd},
     {"dsdt", "kJ/(kg K2)", "ds/dT at constant density", &OutputSet::dsdt},
     // outputs: end
+    // derivatives: begin, written by scripts/generate_outputs
+    {"dpdd_u", "kPa m3/kg", "dp/drho at constant internal energy", nullptr, &DerivativeSet::dpdd_u},
+    {"dpdu_d", "kPa kg/kJ", "dp/du at constant density", nullptr, &DerivativeSet::dpdu_d},
+    {"dtdd_u", "K m3/kg", "dT/drho at constant internal energy", nullptr, &DerivativeSet::dtdd_u},
+    {"dtdu_d", "K kg/kJ", "dT/du at constant density", nullptr, &DerivativeSet::dtdu_d},
+    {"dddp_h", "kg/(m3 kPa)", "drho/dp at constant enthalpy", nullptr, &DerivativeSet::dddp_h},
+    {"dddh_p", "kg2/(m3 kJ)", "drho/dh at constant pressure", nullptr, &DerivativeSet::dddh_p},
+    {"dtdp_h", "K/kPa", "dT/dp at constant enthalpy, the Joule-Thomson coefficient", nullptr,
+     &DerivativeSet::dtdp_h},
+    {"dtdh_p", "K kg/kJ", "dT/dh at constant pressure", nullptr, &DerivativeSet::dtdh_p},
+    {"dddp_s", "kg/(m3 kPa)", "drho/dp at constant entropy", nullptr, &DerivativeSet::dddp_s},
+    {"dtdp_s", "K/kPa", "dT/dp at constant entropy", nullptr, &DerivativeSet::dtdp_s},
+    {"dhdd_p", "kJ m3/kg2", "dh/drho at constant pressure", nullptr, &DerivativeSet::dhdd_p},
+    {"dhdp_d", "kJ/(kg kPa)", "dh/dp at constant density", nullptr, &DerivativeSet::dhdp_d},
+    {"dsdd_p", "kJ m3/(kg2 K)", "ds/drho at constant pressure", nullptr, &DerivativeSet::dsdd_p},
+    {"dsdp_d", "kJ/(kg K kPa)", "ds/dp at constant density", nullptr, &DerivativeSet::dsdp_d},
+    {"dpdd_t", "kPa m3/kg", "dp/drho at constant temperature", nullptr, &DerivativeSet::dpdd_t},
+    {"dpdt_d", "kPa/K", "dp/dT at constant density", nullptr, &DerivativeSet::dpdt_d},
+    {"cv_eq", "kJ/(kg K)", "isochoric heat capacity", nullptr, &DerivativeSet::cv_eq},
+    {"ssnd_eq", "m/s", "speed of sound", nullptr, &DerivativeSet::ssnd_eq},
+    {"compr_s", "1/kPa", "isentropic compressibility", nullptr, &DerivativeSet::compr_s},
+    {"compr_t", "1/kPa", "isothermal compressibility", nullptr, &DerivativeSet::compr_t},
+    {"expan_p", "1/K", "isobaric expansion", nullptr, &DerivativeSet::expan_p},
+    {"fundam", "-", "fundamental derivative of gas dynamics", nullptr, &DerivativeSet::fundam},
+    {"dssnddd_t", "m4/(kg s)", "dssnd/drho at constant temperature", nullptr,
+     &DerivativeSet::dssnddd_t},
+    {"dssnddt_d", "m/(s K)", "dssnd/dT at constant density", nullptr, &DerivativeSet::dssnddt_d},
+    {"dviscdd_t", "uPa s m3/kg", "dvisc/drho at constant temperature", nullptr,
+     &DerivativeSet::dviscdd_t},
+    {"dviscdt_d", "uPa s/K", "dvisc/dT at constant density", nullptr, &DerivativeSet::dviscdt_d},
+    {"dconddd_t", "W m2/(kg K)", "dcond/drho at constant temperature", nullptr,
+     &DerivativeSet::dconddd_t},
+    {"dconddt_d", "W/(m K2)", "dcond/dT at constant density", nullptr, &DerivativeSet::dconddt_d},
+    {"dqualdd_t", "m3/kg", "dqual/drho at constant temperature", nullptr,
+     &DerivativeSet::dqualdd_t},
+    {"dqualdt_d", "1/K", "dqual/dT at constant density", nullptr, &DerivativeSet::dqualdt_d},
+    // derivatives: end
+    {"latent_heat", "kJ/kg", "enthalpy of vaporization", {}, {}, &SaturationSet::latent_heat},
+    {"dpdt_sat", "kPa/K", "slope dp/dT of the saturation line", {}, {}, &SaturationSet::dpdt_sat},
 }};
 
 /// Index of the property called `name`; `property_count` if there is none.

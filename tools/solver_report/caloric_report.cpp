@@ -71,13 +71,13 @@ Returned call(const Solve& solve, const double pres, const double caloric) {
   Returned r{};
   double dpdd = 0.0;
   solve(pres, caloric, r.ierr,
-        {.temp = &r.state.temp,
-         .pres = &r.state.pres,
-         .dens = &r.state.dens,
-         .qual = &r.state.qual,
-         .enth = &r.state.enth,
-         .entr = &r.state.entr,
-         .dpdd = &dpdd});
+        OutputSet{.temp = &r.state.temp,
+                  .pres = &r.state.pres,
+                  .dens = &r.state.dens,
+                  .qual = &r.state.qual,
+                  .enth = &r.state.enth,
+                  .entr = &r.state.entr,
+                  .dpdd = &dpdd});
   r.state.slope = r.state.dens * dpdd;
   return r;
 }

@@ -30,6 +30,7 @@ bool full_state(const double temp, const double dens, FullState& state) {
   co2_td(temp, dens, ierr,
          {.pres = &state.pres,
           .qual = &state.qual,
+          .inte = &state.inte,
           .enth = &state.enth,
           .entr = &state.entr,
           .dpdd = &dpdd});

@@ -13,8 +13,9 @@ namespace co2_properties::solver_report {
 /// A state that `co2_td` accepts.
 struct FullState {
   double temp, dens;              ///< K, kg/m3
-  double pres, enth, entr, qual;  ///< kPa, kJ/kg, kJ/(kg K)
-  double slope;                   ///< rho dp/drho, kPa; 0 in two phases
+  double pres, inte, enth, entr;  ///< kPa, kJ/kg, kJ/kg, kJ/(kg K)
+  double qual;
+  double slope;  ///< rho dp/drho, kPa; 0 in two phases
   [[nodiscard]] bool is_mixture() const { return slope == 0.0; }
 };
 

@@ -40,13 +40,15 @@ const Quantity densities = {
 const Quantity pressures = {
     pres_min, pres_max, {0.0, pres_min, 62.28, 1282.0, pres_sat_min, p_crit, 7378.0, pres_max}};
 const Quantity enthalpies = {90.0, 1900.0, {0.0, 100.0, 332.0, 435.0, 456.0, 465.0, 1800.0, 1e4}};
+const Quantity energies = {60.0, 1650.0, {0.0, 80.0, 290.0, 400.0, 1630.0, 1e4}};
 const Quantity entropies = {0.4, 5.0, {0.0, 0.5, 1.4, 1.9, 2.25, 2.7, 4.9, 100.0}};
 
 const struct {
   const Quantity& first;
   const Quantity& second;
-} inputs[plane_count] = {
-    {temps, densities}, {temps, pressures}, {pressures, enthalpies}, {pressures, entropies}};
+} inputs[plane_count] = {{temps, densities},     {temps, pressures},    {pressures, enthalpies},
+                         {pressures, entropies}, {pressures, energies}, {temps, entropies},
+                         {enthalpies, entropies}};
 
 /// Any finite bits, or a value in the range, or one at, around or far from a mark.
 double draw(const Quantity& q, const bool any_bits, Draws& draws) {

@@ -81,6 +81,63 @@ Inputs draw_caloric(const CaloricPlane& plane, const std::size_t strip, Draws& d
   }
 }
 
+Inputs draw_ts(const std::size_t strip, Draws& draws) {
+  const double temp = draws.uniform(temp_min, temp_max);
+  const double cold = draws.uniform(temp_min, t_crit);
+  switch (strip) {
+    case 0:
+      return {draws.uniform(200.0, 1600.0), draws.uniform(-2.0, 8.0)};
+    case 1:
+      return {around_a_limit_of_temp(draws), draws.uniform(0.0, 6.0)};
+    case 2:
+      return {temp,
+              around(Answer(co2_tp, temp, draws.coin() ? pres_min : pres_max).entr, 5.0, draws)};
+    case 3:
+      return {cold, around(Answer(co2_td, cold,
+                                  draws.coin() ? calc_sat_vap_dens(cold) : calc_sat_liq_dens(cold))
+                               .entr,
+                           0.1, draws)};
+    default:
+      return {draws.uniform(302.0, 310.0), draws.uniform(1.2, 1.7)};
+  }
+}
+
+/// From a state, one of its two inputs moved.
+Inputs away_from(const Answer& at, Draws& draws) {
+  return draws.coin() ? Inputs{around(at.enth, 100.0, draws), at.entr}
+                      : Inputs{at.enth, around(at.entr, 0.5, draws)};
+}
+
+Inputs draw_hs(const std::size_t strip, Draws& draws) {
+  const double temp = draws.uniform(temp_min, temp_max);
+  const double cold = draws.uniform(temp_min, t_crit);
+  const double pres = draws.log_uniform(pres_min, pres_max);
+  switch (strip) {
+    case 0:
+      return {draws.uniform(-500.0, 3000.0), draws.uniform(-2.0, 8.0)};
+    case 1: {
+      const double enth = draws.log_uniform(1e-300, 1e308);
+      const double entr = draws.log_uniform(1e-300, 1e308);
+      return {draws.coin() ? enth : -enth, draws.coin() ? entr : draws.uniform(0.0, 6.0)};
+    }
+    case 2:
+      return away_from(Answer(co2_tp, draws.coin() ? temp_min : temp_max, pres), draws);
+    case 3:
+      return away_from(Answer(co2_tp, temp, draws.coin() ? pres_min : pres_max), draws);
+    case 4:
+      return away_from(
+          Answer(co2_td, cold, draws.coin() ? calc_sat_vap_dens(cold) : calc_sat_liq_dens(cold)),
+          draws);
+    case 5: {  // mixtures of 240 K
+      const double dens = draws.log_uniform(60.0, 1100.0);
+      return away_from(Answer(co2_td, temp_min, dens), draws);
+    }
+    default:
+      return away_from(Answer(co2_td, draws.uniform(302.0, 310.0), draws.uniform(300.0, 650.0)),
+                       draws);
+  }
+}
+
 InputPlane caloric_plane(const char* const name, const SingleEntry single,
                          BatchEntries::Run BatchEntries::*const batch, const CaloricPlane& plane) {
   return {name,
@@ -100,6 +157,14 @@ const InputPlane input_planes[plane_count] = {
     {"co2_td", co2_td, &BatchEntries::td, strips_of_temp, draw_td},
     {"co2_tp", co2_tp, &BatchEntries::tp, strips_of_temp, draw_tp},
     caloric_plane("co2_ph", co2_ph, &BatchEntries::ph, ph_plane),
-    caloric_plane("co2_ps", co2_ps, &BatchEntries::ps, ps_plane)};
+    caloric_plane("co2_ps", co2_ps, &BatchEntries::ps, ps_plane),
+    caloric_plane("co2_pu", co2_pu, &BatchEntries::pu, pu_plane),
+    {"co2_ts", co2_ts, &BatchEntries::ts, strips_of_temp, draw_ts},
+    {"co2_hs",
+     co2_hs,
+     &BatchEntries::hs,
+     {"range and far around it", "any magnitude", "limits of T", "limits of p", "around saturation",
+      "mixtures of 240 K", "critical"},
+     draw_hs}};
 
 }  // namespace co2_properties::solver_report

@@ -16,8 +16,8 @@ namespace co2_properties::solver_report {
 /// What an entry answers.
 struct Answer {
   std::int32_t ierr = 0;
-  double temp = 0, pres = 0, dens = 0, qual = 0, enth = 0, entr = 0, cv = 0, cp = 0, ssnd = 0;
-  double dpdd = 0;
+  double temp = 0, pres = 0, dens = 0, qual = 0, inte = 0, enth = 0, entr = 0, cv = 0, cp = 0;
+  double ssnd = 0, dpdd = 0;
 
   Answer(const SingleEntry entry, const double first, const double second) {
     entry(first, second, ierr, slots());
@@ -27,6 +27,7 @@ struct Answer {
             .pres = &pres,
             .dens = &dens,
             .qual = &qual,
+            .inte = &inte,
             .enth = &enth,
             .entr = &entr,
             .cv = &cv,
@@ -36,7 +37,7 @@ struct Answer {
   }
   [[nodiscard]] bool is_mixture() const { return cp == 0.0; }
   [[nodiscard]] bool is_finite() const {
-    return std::isfinite(temp + pres + dens + qual + enth + entr + cv + cp + ssnd + dpdd);
+    return std::isfinite(temp + pres + dens + qual + inte + enth + entr + cv + cp + ssnd + dpdd);
   }
 };
 
@@ -54,6 +55,7 @@ struct CaloricPlane {
 };
 inline constexpr CaloricPlane ph_plane = {&Answer::enth, 20.0, 90.0, 1900.0, 300};
 inline constexpr CaloricPlane ps_plane = {&Answer::entr, 0.05, 0.4, 5.0, 400};
+inline constexpr CaloricPlane pu_plane = {&Answer::inte, 20.0, 70.0, 1650.0, 1000};
 
 struct Inputs {
   double first, second;
@@ -67,8 +69,8 @@ struct InputPlane {
   std::vector<const char*> strips;
   std::function<Inputs(std::size_t strip, Draws& draws)> draw;
 };
-/// Of `co2_td`, `co2_tp`, `co2_ph` and `co2_ps`.
-inline constexpr std::size_t plane_count = 4;
+/// Of `co2_td`, `co2_tp`, `co2_ph`, `co2_ps`, `co2_pu`, `co2_ts` and `co2_hs`.
+inline constexpr std::size_t plane_count = 7;
 extern const InputPlane input_planes[plane_count];
 
 }  // namespace co2_properties::solver_report

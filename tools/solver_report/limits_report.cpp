@@ -66,8 +66,9 @@ bool differs(const Answer& r, const Answer& td) {
 Verdict judge_result(const Answer& r, const double pres) {
   if (!r.is_finite()) return contradicted;
   if (r.is_mixture() && r.temp < temp_min) return pres < pres_sat_min ? extrapolated : contradicted;
-  const bool loose =
-      r.ierr == status::ph_loosely_converged || r.ierr == status::ps_loosely_converged;
+  const bool loose = r.ierr == status::ph_loosely_converged ||
+                     r.ierr == status::ps_loosely_converged ||
+                     r.ierr == status::pu_loosely_converged;
   if (off(r.pres, pres, (loose ? loose_pres_bound : pres_bound) * pres)) return contradicted;
   const Answer td(co2_td, r.temp, r.dens);
   if (td.ierr <= 0) return is_impossible(r) || differs(r, td) ? contradicted : agrees;
@@ -147,11 +148,75 @@ Verdict judge_caloric(const CaloricPlane& plane, const Inputs& in, const Answer&
   return verdict == agrees && !is_right_code(plane, in, r) ? wrong_code : verdict;
 }
 
+// ---- Isentropes --------------------------------------------------------------------------------
+
+/// Whether a value is met to 1e-11 of it, or of one.
+bool is_met(const double value, const double wanted) {
+  return std::abs(value - wanted) <= 1e-11 * std::max(1.0, std::abs(wanted));
+}
+
+Verdict judge_ts(const Inputs& in, const Answer& r) {
+  const auto [temp, entr] = in;
+  const auto verdict = [](const bool good) { return good ? agrees : wrong_code; };
+  if (temp < temp_min) return verdict(r.ierr == status::ts_temp_below_min);
+  if (temp > temp_max) return verdict(r.ierr == status::ts_temp_above_max);
+  const double rounding = limit_rounding;
+  const double thin = Answer(co2_tp, temp, pres_min).entr;
+  const double dense = Answer(co2_tp, temp, pres_max).entr;
+  if (r.ierr == status::ts_pres_below_min) return verdict(entr > thin - rounding);
+  if (r.ierr == status::ts_pres_above_max) return verdict(entr < dense + rounding);
+  if (r.ierr > 0 || entr > thin + rounding || entr < dense - rounding) return wrong_code;
+  return r.temp == temp && is_met(r.entr, entr) ? judge_result(r, r.pres) : contradicted;
+}
+
+/// Where an enthalpy lies to the state with a limit and with the same entropy, if that is in range.
+bool beyond(const Answer& limit, const double enth, const double sign) {
+  constexpr double rounding = 1e-4;  // kJ/kg
+  return limit.ierr > 0 || sign * (enth - limit.enth) > -rounding;
+}
+
+Verdict judge_hs(const Inputs& in, const Answer& r) {
+  const double enth = in.first;
+  const double entr = in.second;
+  const Answer cold(co2_ts, temp_min, entr);
+  const Answer hot(co2_ts, temp_max, entr);
+  const Answer thin(co2_ps, pres_min, entr);
+  const Answer dense(co2_ps, pres_max, entr);
+  // Where an isentrope does not meet a limit, the others say where it ends.
+  const bool is_right = r.ierr == status::hs_temp_below_min   ? beyond(cold, enth, -1.0)
+                        : r.ierr == status::hs_temp_above_max ? beyond(hot, enth, 1.0)
+                        : r.ierr == status::hs_pres_below_min
+                            ? beyond(thin, enth, -1.0) && thin.ierr != status::ps_temp_below_min
+                        : r.ierr == status::hs_pres_above_max
+                            ? beyond(dense, enth, 1.0) && dense.ierr != status::ps_temp_above_max
+                            : r.ierr <= 0;
+  if (!is_right) return wrong_code;
+  if (r.ierr <= 0) {
+    // Where a phase of the mixture lies on the edge between two elements, neither of which has the
+    // tie line, the closest one serves.
+    constexpr double between_elements = 1e-6;  // kJ/kg
+    const bool is_near = r.is_mixture() && !off(r.enth, enth, between_elements);
+    if (!(is_met(r.enth, enth) || is_near) || !is_met(r.entr, entr)) return contradicted;
+    return judge_result(r, r.pres);
+  }
+  // A state of the range has no error: all limits that the isentrope meets enclose it.
+  const auto inside = [&](const Answer& limit, const double sign) {
+    return limit.ierr <= 0 && !beyond(limit, enth, sign);
+  };
+  const bool above = inside(cold, -1.0) || inside(thin, -1.0);
+  const bool below = inside(hot, 1.0) || inside(dense, 1.0);
+  return above && below ? wrong_code : agrees;
+}
+
 using Judge = Verdict (*)(const Inputs& in, const Answer& r);
 constexpr Judge judges[plane_count] = {
-    judge_td, judge_tp,
+    judge_td,
+    judge_tp,
     [](const Inputs& in, const Answer& r) { return judge_caloric(ph_plane, in, r); },
-    [](const Inputs& in, const Answer& r) { return judge_caloric(ps_plane, in, r); }};
+    [](const Inputs& in, const Answer& r) { return judge_caloric(ps_plane, in, r); },
+    [](const Inputs& in, const Answer& r) { return judge_caloric(pu_plane, in, r); },
+    judge_ts,
+    judge_hs};
 
 // ---- Report ------------------------------------------------------------------------------------
 

@@ -6,8 +6,11 @@
 
 #include "solver_report/caloric_report.hpp"
 #include "solver_report/cycle_report.hpp"
+#include "solver_report/density_report.hpp"
 #include "solver_report/edges_report.hpp"
 #include "solver_report/limits_report.hpp"
+#include "solver_report/pair_report.hpp"
+#include "solver_report/saturation_report.hpp"
 #include "solver_report/tp_report.hpp"
 
 namespace co2_properties::solver_report {
@@ -41,6 +44,13 @@ int run(const int argc, const char* const* const argv) {
       ->capture_default_str();
   const CLI::App* const ph = add("ph", "co2_ph: round trips from co2_td");
   const CLI::App* const ps = add("ps", "co2_ps: round trips from co2_td");
+  const CLI::App* const density =
+      add("density", "co2_du, co2_dh, co2_ds, co2_dp: round trips from co2_td, batches, any bits");
+  const CLI::App* const hs = add("hs", "co2_hs: round trips from co2_td");
+  const CLI::App* const pu = add("pu", "co2_pu: round trips from co2_td");
+  const CLI::App* const ts = add("ts", "co2_ts: round trips from co2_td");
+  const CLI::App* const saturation =
+      add("saturation", "co2_sat_t, co2_sat_p, co2_tx, co2_px: against each other and co2_td");
   const CLI::App* const edges = add("edges", "States on limits, below 240 K and on saturation");
   const CLI::App* const limits =
       add("limits", "All entries, inside and far outside the range, against co2_td");
@@ -56,6 +66,11 @@ int run(const int argc, const char* const* const argv) {
   const auto report = tp->parsed()           ? report_tp
                       : ph->parsed()         ? report_ph
                       : ps->parsed()         ? report_ps
+                      : density->parsed()    ? report_density
+                      : hs->parsed()         ? report_hs
+                      : pu->parsed()         ? report_pu
+                      : ts->parsed()         ? report_ts
+                      : saturation->parsed() ? report_saturation
                       : edges->parsed()      ? report_edges
                       : limits->parsed()     ? report_limits
                       : exceptions->parsed() ? report_exceptions

@@ -15,11 +15,12 @@ using Output = StridedSpan<double>;
 using Input = StridedSpan<const double>;
 using Codes = StridedSpan<std::int32_t>;
 
-struct OutputPair {
-  Output BatchOutputSet::*array;
-  double* OutputSet::*value;
+template <class BatchSet, class Set>
+struct Pair {
+  Output BatchSet::*array;
+  double* Set::*value;
 };
-constexpr OutputPair output_pairs[] = {
+constexpr Pair<BatchOutputSet, OutputSet> output_pairs[] = {
     // outputs: begin, written by scripts/generate_outputs
     {&BatchOutputSet::temp, &OutputSet::temp}, {&BatchOutputSet::pres, &OutputSet::pres},
     {&BatchOutputSet::dens, &OutputSet::dens}, {&BatchOutputSet::svol, &OutputSet::svol},
@@ -34,14 +35,53 @@ constexpr OutputPair output_pairs[] = {
     // outputs: end
 };
 static_assert(std::size(output_pairs) == output_count);
+constexpr Pair<BatchDerivativeSet, DerivativeSet> derivative_pairs[] = {
+    // derivatives: begin, written by scripts/generate_outputs
+    {&BatchDerivativeSet::dpdd_u, &DerivativeSet::dpdd_u},
+    {&BatchDerivativeSet::dpdu_d, &DerivativeSet::dpdu_d},
+    {&BatchDerivativeSet::dtdd_u, &DerivativeSet::dtdd_u},
+    {&BatchDerivativeSet::dtdu_d, &DerivativeSet::dtdu_d},
+    {&BatchDerivativeSet::dddp_h, &DerivativeSet::dddp_h},
+    {&BatchDerivativeSet::dddh_p, &DerivativeSet::dddh_p},
+    {&BatchDerivativeSet::dtdp_h, &DerivativeSet::dtdp_h},
+    {&BatchDerivativeSet::dtdh_p, &DerivativeSet::dtdh_p},
+    {&BatchDerivativeSet::dddp_s, &DerivativeSet::dddp_s},
+    {&BatchDerivativeSet::dtdp_s, &DerivativeSet::dtdp_s},
+    {&BatchDerivativeSet::dhdd_p, &DerivativeSet::dhdd_p},
+    {&BatchDerivativeSet::dhdp_d, &DerivativeSet::dhdp_d},
+    {&BatchDerivativeSet::dsdd_p, &DerivativeSet::dsdd_p},
+    {&BatchDerivativeSet::dsdp_d, &DerivativeSet::dsdp_d},
+    {&BatchDerivativeSet::dpdd_t, &DerivativeSet::dpdd_t},
+    {&BatchDerivativeSet::dpdt_d, &DerivativeSet::dpdt_d},
+    {&BatchDerivativeSet::cv_eq, &DerivativeSet::cv_eq},
+    {&BatchDerivativeSet::ssnd_eq, &DerivativeSet::ssnd_eq},
+    {&BatchDerivativeSet::compr_s, &DerivativeSet::compr_s},
+    {&BatchDerivativeSet::compr_t, &DerivativeSet::compr_t},
+    {&BatchDerivativeSet::expan_p, &DerivativeSet::expan_p},
+    {&BatchDerivativeSet::fundam, &DerivativeSet::fundam},
+    {&BatchDerivativeSet::dssnddd_t, &DerivativeSet::dssnddd_t},
+    {&BatchDerivativeSet::dssnddt_d, &DerivativeSet::dssnddt_d},
+    {&BatchDerivativeSet::dviscdd_t, &DerivativeSet::dviscdd_t},
+    {&BatchDerivativeSet::dviscdt_d, &DerivativeSet::dviscdt_d},
+    {&BatchDerivativeSet::dconddd_t, &DerivativeSet::dconddd_t},
+    {&BatchDerivativeSet::dconddt_d, &DerivativeSet::dconddt_d},
+    {&BatchDerivativeSet::dqualdd_t, &DerivativeSet::dqualdd_t},
+    {&BatchDerivativeSet::dqualdt_d, &DerivativeSet::dqualdt_d},
+    // derivatives: end
+};
+static_assert(std::size(derivative_pairs) == derivative_count);
 
-bool lengths_agree(const Input& first, const Input& second, const Codes& ierr,
-                   const BatchOutputSet& out) noexcept {
-  bool agree = second.size() == first.size() && ierr.size() == first.size();
-  for (const auto& [array, value] : output_pairs) {
-    const Output& output = out.*array;
-    if (output.data() != nullptr) agree = agree && output.size() == first.size();
-  }
+bool length_agrees(const Output& output, const std::size_t size) noexcept {
+  return output.data() == nullptr || output.size() == size;
+}
+
+bool lengths_agree(const Batch& batch) noexcept {
+  const std::size_t size = batch.first.size();
+  bool agree = batch.second.size() == size && batch.ierr.size() == size;
+  const auto look_at = [&](const Output& output) { agree = agree && length_agrees(output, size); };
+  for (const auto& [array, value] : output_pairs) look_at(batch.out.*array);
+  if (batch.derivatives == nullptr) return agree;
+  for (const auto& [array, value] : derivative_pairs) look_at(batch.derivatives->*array);
   return agree;
 }
 
@@ -53,8 +93,30 @@ void run_one_by_one(const Batch& batch) noexcept {
   }
 }
 
+template <SingleSaturation entry>
+void run_saturation_one_by_one(const SaturationBatch& batch) noexcept {
+  const SaturationPhases phases = SaturationPhases::of(batch);
+  BlockOutputs liq(phases.liq);
+  BlockOutputs vap(phases.vap);
+  SaturationBlockOutputs outputs(batch, liq, vap);
+  for (std::size_t i = 0; i < batch.given.size(); ++i) outputs.run_one(entry, batch.given[i], i);
+}
+
+bool run(const BatchEntries::SaturationRun BatchEntries::*const entry,
+         const SaturationBatch& batch) noexcept {
+  const BatchSaturationSet& out = batch.out;
+  const std::size_t size = batch.given.size();
+  const SaturationPhases phases = SaturationPhases::of(batch);
+  if (!lengths_agree(phases.liq) || !lengths_agree(phases.vap) ||
+      !length_agrees(out.latent_heat, size) || !length_agrees(out.dpdt_sat, size)) {
+    return false;
+  }
+  (widest_entries(instruction_sets()).*entry)(batch);
+  return true;
+}
+
 bool run(const BatchEntries::Run BatchEntries::*const entry, const Batch& batch) noexcept {
-  if (!lengths_agree(batch.first, batch.second, batch.ierr, batch.out)) return false;
+  if (!lengths_agree(batch)) return false;
   (widest_entries(instruction_sets()).*entry)(batch);
   return true;
 }
@@ -63,14 +125,21 @@ bool run(const BatchEntries::Run BatchEntries::*const entry, const Batch& batch)
 
 BlockOutputs::BlockOutputs(const Batch& batch) noexcept : batch_(batch) {
   for (const auto& [array, value] : output_pairs) {
-    const Output& output = batch.out.*array;
-    if (output.data() == nullptr) continue;
-    buffers_.*value = values_[count_];
-    slots_[count_] = &(one_.*value);
-    arrays_[count_] = &output;
-    in_a_row_ = in_a_row_ && output.stride() == 1;
-    ++count_;
+    take(batch.out.*array, buffers_.state.*value, one_.state.*value);
   }
+  if (batch.derivatives == nullptr) return;
+  for (const auto& [array, value] : derivative_pairs) {
+    take(batch.derivatives->*array, buffers_.derivatives.*value, one_.derivatives.*value);
+  }
+}
+
+void BlockOutputs::take(const Output& array, double*& buffer, double*& slot) noexcept {
+  if (array.data() == nullptr) return;
+  buffer = values_[count_];
+  slots_[count_] = &slot;
+  arrays_[count_] = &array;
+  in_a_row_ = in_a_row_ && array.stride() == 1;
+  ++count_;
 }
 
 void BlockOutputs::hand_over(const std::size_t start, const std::uint8_t* const index,
@@ -93,13 +162,67 @@ void BlockOutputs::hand_over(const std::size_t start, const std::uint8_t* const 
   }
 }
 
-const OutputSet& BlockOutputs::of_state(const std::size_t i) noexcept {
+OutputSets BlockOutputs::of_state(const std::size_t i) noexcept {
   for (std::int32_t k = 0; k < count_; ++k) *slots_[k] = &(*arrays_[k])[i];
-  return one_;
+  return one_.sets(batch_);
 }
 
-constexpr BatchEntries one_by_one = {run_one_by_one<co2_td>, run_one_by_one<co2_tp>,
-                                     run_one_by_one<co2_ph>, run_one_by_one<co2_ps>};
+SaturationPhases SaturationPhases::of(const SaturationBatch& batch) noexcept {
+  const auto phase = [&](const BatchOutputSet& out, const BatchDerivativeSet* const derivatives) {
+    return Batch{batch.given, batch.given, batch.ierr, out, derivatives};
+  };
+  return {phase(batch.out.liq, batch.out.liq_derivatives),
+          phase(batch.out.vap, batch.out.vap_derivatives)};
+}
+
+SaturationOutputs SaturationBlockOutputs::buffers() noexcept {
+  const auto buffer = [](const Output& array, double* const values) {
+    return array.data() == nullptr ? nullptr : values;
+  };
+  return {liq_.buffers(), vap_.buffers(), buffer(batch_.out.latent_heat, latent_heat_),
+          buffer(batch_.out.dpdt_sat, dpdt_sat_)};
+}
+
+void SaturationBlockOutputs::hand_over(const std::size_t start, const std::uint8_t* const index,
+                                       const std::int32_t count) const noexcept {
+  liq_.hand_over(start, index, count, status::success, true);
+  vap_.hand_over(start, index, count, status::success, true);
+  const auto scatter = [&](const Output& to, const double* const from) {
+    for (std::int32_t j = 0; to.data() != nullptr && j < count; ++j) to[start + index[j]] = from[j];
+  };
+  scatter(batch_.out.latent_heat, latent_heat_);
+  scatter(batch_.out.dpdt_sat, dpdt_sat_);
+}
+
+void SaturationBlockOutputs::run_one(const SingleSaturation entry, const double given,
+                                     const std::size_t i) noexcept {
+  const auto slot = [&](const Output& array) {
+    return array.data() == nullptr ? nullptr : &array[i];
+  };
+  const OutputSets liq = liq_.of_state(i);
+  const OutputSets vap = vap_.of_state(i);
+  entry(given, batch_.ierr[i],
+        {liq.state, vap.state, slot(batch_.out.latent_heat), slot(batch_.out.dpdt_sat),
+         liq.derivatives, vap.derivatives});
+}
+
+// entries: begin, written by scripts/generate_entries
+constexpr BatchEntries one_by_one = {.td = run_one_by_one<co2_td>,
+                                     .tp = run_one_by_one<co2_tp>,
+                                     .ph = run_one_by_one<co2_ph>,
+                                     .ps = run_one_by_one<co2_ps>,
+                                     .du = run_one_by_one<co2_du>,
+                                     .dh = run_one_by_one<co2_dh>,
+                                     .ds = run_one_by_one<co2_ds>,
+                                     .dp = run_one_by_one<co2_dp>,
+                                     .hs = run_one_by_one<co2_hs>,
+                                     .pu = run_one_by_one<co2_pu>,
+                                     .ts = run_one_by_one<co2_ts>,
+                                     .tx = run_one_by_one<co2_tx>,
+                                     .px = run_one_by_one<co2_px>,
+                                     .sat_t = run_saturation_one_by_one<co2_sat_t>,
+                                     .sat_p = run_saturation_one_by_one<co2_sat_p>};
+// entries: end
 
 InstructionSets instruction_sets() noexcept {
 #if defined(__x86_64__) && defined(__GNUC__)
@@ -124,24 +247,132 @@ const BatchEntries& widest_entries(const InstructionSets machine) noexcept {
   return *widest;
 }
 
+// entries: begin, written by scripts/generate_entries
+
 bool co2_td_batch(const Input temp, const Input dens, const Codes ierr,
                   const BatchOutputSet& out) noexcept {
   return run(&BatchEntries::td, {temp, dens, ierr, out});
+}
+bool co2_td_batch(const Input temp, const Input dens, const Codes ierr, const BatchOutputSet& out,
+                  const BatchDerivativeSet& derivatives) noexcept {
+  return run(&BatchEntries::td, {temp, dens, ierr, out, &derivatives});
 }
 
 bool co2_tp_batch(const Input temp, const Input pres, const Codes ierr,
                   const BatchOutputSet& out) noexcept {
   return run(&BatchEntries::tp, {temp, pres, ierr, out});
 }
+bool co2_tp_batch(const Input temp, const Input pres, const Codes ierr, const BatchOutputSet& out,
+                  const BatchDerivativeSet& derivatives) noexcept {
+  return run(&BatchEntries::tp, {temp, pres, ierr, out, &derivatives});
+}
 
 bool co2_ph_batch(const Input pres, const Input enth, const Codes ierr,
                   const BatchOutputSet& out) noexcept {
   return run(&BatchEntries::ph, {pres, enth, ierr, out});
 }
+bool co2_ph_batch(const Input pres, const Input enth, const Codes ierr, const BatchOutputSet& out,
+                  const BatchDerivativeSet& derivatives) noexcept {
+  return run(&BatchEntries::ph, {pres, enth, ierr, out, &derivatives});
+}
 
 bool co2_ps_batch(const Input pres, const Input entr, const Codes ierr,
                   const BatchOutputSet& out) noexcept {
   return run(&BatchEntries::ps, {pres, entr, ierr, out});
+}
+bool co2_ps_batch(const Input pres, const Input entr, const Codes ierr, const BatchOutputSet& out,
+                  const BatchDerivativeSet& derivatives) noexcept {
+  return run(&BatchEntries::ps, {pres, entr, ierr, out, &derivatives});
+}
+
+bool co2_du_batch(const Input dens, const Input inte, const Codes ierr,
+                  const BatchOutputSet& out) noexcept {
+  return run(&BatchEntries::du, {dens, inte, ierr, out});
+}
+bool co2_du_batch(const Input dens, const Input inte, const Codes ierr, const BatchOutputSet& out,
+                  const BatchDerivativeSet& derivatives) noexcept {
+  return run(&BatchEntries::du, {dens, inte, ierr, out, &derivatives});
+}
+
+bool co2_dh_batch(const Input dens, const Input enth, const Codes ierr,
+                  const BatchOutputSet& out) noexcept {
+  return run(&BatchEntries::dh, {dens, enth, ierr, out});
+}
+bool co2_dh_batch(const Input dens, const Input enth, const Codes ierr, const BatchOutputSet& out,
+                  const BatchDerivativeSet& derivatives) noexcept {
+  return run(&BatchEntries::dh, {dens, enth, ierr, out, &derivatives});
+}
+
+bool co2_ds_batch(const Input dens, const Input entr, const Codes ierr,
+                  const BatchOutputSet& out) noexcept {
+  return run(&BatchEntries::ds, {dens, entr, ierr, out});
+}
+bool co2_ds_batch(const Input dens, const Input entr, const Codes ierr, const BatchOutputSet& out,
+                  const BatchDerivativeSet& derivatives) noexcept {
+  return run(&BatchEntries::ds, {dens, entr, ierr, out, &derivatives});
+}
+
+bool co2_dp_batch(const Input dens, const Input pres, const Codes ierr,
+                  const BatchOutputSet& out) noexcept {
+  return run(&BatchEntries::dp, {dens, pres, ierr, out});
+}
+bool co2_dp_batch(const Input dens, const Input pres, const Codes ierr, const BatchOutputSet& out,
+                  const BatchDerivativeSet& derivatives) noexcept {
+  return run(&BatchEntries::dp, {dens, pres, ierr, out, &derivatives});
+}
+
+bool co2_hs_batch(const Input enth, const Input entr, const Codes ierr,
+                  const BatchOutputSet& out) noexcept {
+  return run(&BatchEntries::hs, {enth, entr, ierr, out});
+}
+bool co2_hs_batch(const Input enth, const Input entr, const Codes ierr, const BatchOutputSet& out,
+                  const BatchDerivativeSet& derivatives) noexcept {
+  return run(&BatchEntries::hs, {enth, entr, ierr, out, &derivatives});
+}
+
+bool co2_pu_batch(const Input pres, const Input inte, const Codes ierr,
+                  const BatchOutputSet& out) noexcept {
+  return run(&BatchEntries::pu, {pres, inte, ierr, out});
+}
+bool co2_pu_batch(const Input pres, const Input inte, const Codes ierr, const BatchOutputSet& out,
+                  const BatchDerivativeSet& derivatives) noexcept {
+  return run(&BatchEntries::pu, {pres, inte, ierr, out, &derivatives});
+}
+
+bool co2_ts_batch(const Input temp, const Input entr, const Codes ierr,
+                  const BatchOutputSet& out) noexcept {
+  return run(&BatchEntries::ts, {temp, entr, ierr, out});
+}
+bool co2_ts_batch(const Input temp, const Input entr, const Codes ierr, const BatchOutputSet& out,
+                  const BatchDerivativeSet& derivatives) noexcept {
+  return run(&BatchEntries::ts, {temp, entr, ierr, out, &derivatives});
+}
+
+bool co2_tx_batch(const Input temp, const Input qual, const Codes ierr,
+                  const BatchOutputSet& out) noexcept {
+  return run(&BatchEntries::tx, {temp, qual, ierr, out});
+}
+bool co2_tx_batch(const Input temp, const Input qual, const Codes ierr, const BatchOutputSet& out,
+                  const BatchDerivativeSet& derivatives) noexcept {
+  return run(&BatchEntries::tx, {temp, qual, ierr, out, &derivatives});
+}
+
+bool co2_px_batch(const Input pres, const Input qual, const Codes ierr,
+                  const BatchOutputSet& out) noexcept {
+  return run(&BatchEntries::px, {pres, qual, ierr, out});
+}
+bool co2_px_batch(const Input pres, const Input qual, const Codes ierr, const BatchOutputSet& out,
+                  const BatchDerivativeSet& derivatives) noexcept {
+  return run(&BatchEntries::px, {pres, qual, ierr, out, &derivatives});
+}
+// entries: end
+
+bool co2_sat_t_batch(const Input temp, const Codes ierr, const BatchSaturationSet& out) noexcept {
+  return run(&BatchEntries::sat_t, {temp, ierr, out});
+}
+
+bool co2_sat_p_batch(const Input pres, const Codes ierr, const BatchSaturationSet& out) noexcept {
+  return run(&BatchEntries::sat_p, {pres, ierr, out});
 }
 
 }  // namespace co2_properties

@@ -15,10 +15,17 @@
 #include "api/batch/levels.hpp"
 #include "api/co2_properties.hpp"
 #include "api/entries/caloric.hpp"
+#include "api/entries/density.hpp"
+#include "api/entries/density_pairs.hpp"
+#include "api/entries/derivative_writer.hpp"
+#include "api/entries/hs.hpp"
 #include "api/entries/ph.hpp"
 #include "api/entries/ps.hpp"
+#include "api/entries/pu.hpp"
+#include "api/entries/saturation.hpp"
 #include "api/entries/td.hpp"
 #include "api/entries/tp.hpp"
+#include "api/entries/ts.hpp"
 
 // NOLINTBEGIN(misc-definitions-in-headers): see above
 
@@ -120,8 +127,10 @@ struct Rest {
 // - place(states, i): which lanes from state i on take the common road, and where it starts;
 // - finish(states, results, rest, again): evaluates single phases; what is not solved yet goes to
 //   `again`, if there is one, or to the rest;
-// - mix(states, g, out): evaluates and writes the mixtures of group g;
-// - code_of_mixture(out).
+// - mix(states, g, rest, out): evaluates and writes the mixtures of group g; those that are not
+//   solved go to the rest, which is written later; code_of_mixture(out).
+//
+// Those that never have single phases lack the one, those that never have mixtures the others.
 //
 // Results are constructed where they stay: g++ 12 would copy an assigned structure of vectors in
 // pieces of eight bytes.
@@ -132,13 +141,7 @@ struct Kinds {
 };
 
 /// Both phases at a saturation temperature, K: code that all entries share.
-struct TieLine {
-  SaturatedPhase<V> liq;
-  SaturatedPhase<V> vap;
-
-  [[gnu::noinline]] explicit TieLine(const V& temp)
-      : liq(saturated_liquid<V>(temp)), vap(saturated_vapour<V>(temp)) {}
-};
+[[gnu::noinline]] TieLine<V> tie_line_at(const V& temp) { return TieLine<V>::at(temp); }
 
 /// Temperature and density.
 struct TdRoad {
@@ -166,15 +169,15 @@ struct TdRoad {
     }
   }
 
-  [[gnu::noinline]] static void mix(const States& states, const std::int32_t g,
-                                    const OutputSet& out) {
+  [[gnu::noinline]] static void mix(const States& states, const std::int32_t g, Rest& /*rest*/,
+                                    const OutputSets out) {
     const V temp = states.first_at(g);
-    const TieLine at(temp);
+    const TieLine<V> at = tie_line_at(temp);
     write_mixture<MixtureTransport::none>(
         OutputWriter(out, g * lanes),
         mixture_from_td<V>(temp, states.second_at(g), at.liq, at.vap));
   }
-  static std::int32_t code_of_mixture(const OutputSet& out) { return code_of_td_mixture(out); }
+  static std::int32_t code_of_mixture(const OutputSets out) { return code_of_td_mixture(out); }
 };
 
 /// Temperature and pressure.
@@ -209,12 +212,43 @@ struct TpRoad {
       rest.add(states, g, results[g].wanted);
     }
   }
-
-  static void mix(const States& /*states*/, const std::int32_t /*g*/, const OutputSet& /*out*/) {}
-  static std::int32_t code_of_mixture(const OutputSet& /*out*/) { return status::success; }
 };
 
-/// Pressure and enthalpy or entropy.
+/// One step towards two properties, for all states.
+/// \param evaluated  evaluated(cells, at, first, second): the states there, `wanted` those that
+///                   are found
+template <class First, class Second, class Evaluate>
+[[gnu::always_inline]] inline void finish_round(const States& states, SinglePhase<V>* const results,
+                                                Rest& rest, States* const again,
+                                                const Evaluate& evaluated) {
+  struct Group {
+    Cells<V> cells;
+    Iterate<V> at;
+  };
+  Group group[block_groups];
+  const std::int32_t groups = groups_of(states.count);
+  for (std::int32_t g = 0; g < groups; ++g) {
+    group[g].at = start_in_element<V>(load<V>(states.temp + g * lanes),
+                                      load<V>(states.dens + g * lanes), group[g].cells);
+  }
+  for (std::int32_t g = 0; g < groups; ++g) {
+    group[g].at = step_towards<First, Second, V>(group[g].at, states.first_at(g),
+                                                 states.second_at(g), group[g].cells);
+  }
+  for (std::int32_t g = 0; g < groups; ++g) {
+    new (&results[g]) SinglePhase<V>(
+        evaluated(group[g].cells, group[g].at, states.first_at(g), states.second_at(g)));
+    const Mask<V> met = results[g].wanted;
+    if (again == nullptr) {
+      rest.add(states, g, met);
+    } else if (!all(met)) {
+      rest.add(states, g, met | group[g].at.served);
+      again->add(states, g, ~met & group[g].at.served, results[g].temp, results[g].dens);
+    }
+  }
+}
+
+/// Pressure and a caloric property.
 template <class Pair, SingleEntry entry>
 struct CaloricRoad {
   static constexpr SingleEntry single = entry;
@@ -229,43 +263,178 @@ struct CaloricRoad {
 
   [[gnu::noinline]] static void finish(const States& states, SinglePhase<V>* const results,
                                        Rest& rest, States* const again) {
-    struct Group {
-      Cells<V> cells;
-      Iterate<V> at;
-    };
-    Group group[block_groups];
-    const std::int32_t groups = groups_of(states.count);
-    for (std::int32_t g = 0; g < groups; ++g) {
-      group[g].at = start_in_element<V>(load<V>(states.temp + g * lanes),
-                                        load<V>(states.dens + g * lanes), group[g].cells);
-    }
-    for (std::int32_t g = 0; g < groups; ++g) {
-      group[g].at = step_caloric<Pair, V>(group[g].at, states.first_at(g), states.second_at(g),
-                                          group[g].cells);
-    }
-    for (std::int32_t g = 0; g < groups; ++g) {
-      new (&results[g]) SinglePhase<V>(evaluate_caloric<Pair, V>(
-          group[g].cells, group[g].at, states.first_at(g), states.second_at(g)));
-      const Mask<V> met = results[g].wanted;
-      if (again == nullptr) {
-        rest.add(states, g, met);
-      } else if (!all(met)) {
-        rest.add(states, g, met | group[g].at.served);
-        again->add(states, g, ~met & group[g].at.served, results[g].temp, results[g].dens);
-      }
-    }
+    finish_round<Pressure, typename Pair::Property>(
+        states, results, rest, again,
+        [](const Cells<V>& cells, const Iterate<V>& at, const V& pres, const V& caloric)
+            CO2_INLINE { return evaluate_caloric<Pair, V>(cells, at, pres, caloric); });
   }
 
-  [[gnu::noinline]] static void mix(const States& states, const std::int32_t g,
-                                    const OutputSet& out) {
+  [[gnu::noinline]] static void mix(const States& states, const std::int32_t g, Rest& /*rest*/,
+                                    const OutputSets out) {
     const V temp = saturation_temperature<V>(states.first_at(g));
-    const TieLine at(temp);
+    const TieLine<V> at = tie_line_at(temp);
     write_mixture<Pair::mixture_transport>(OutputWriter(out, g * lanes),
                                            mixture_from_caloric<typename Pair::Property, V>(
                                                temp, states.second_at(g), at.liq, at.vap));
   }
-  static std::int32_t code_of_mixture(const OutputSet& out) {
+  static std::int32_t code_of_mixture(const OutputSets out) {
     return co2_properties::code_of_mixture<Pair>(out);
+  }
+};
+
+/// Temperature and entropy.
+struct TsRoad {
+  static constexpr SingleEntry single = co2_ts;
+
+  [[gnu::always_inline]] static inline Kinds place(States& states, const std::int32_t i) {
+    const TsPlace<V> place =
+        place_ts<V>(load<V>(states.first + i), load<V>(states.second + i), states.element + i);
+    store(place.dens, states.dens + i);
+    return {place.single, place.mixture};
+  }
+
+  [[gnu::noinline]] static void finish(const States& states, SinglePhase<V>* const results,
+                                       Rest& rest, States* const /*again*/) {
+    Isotherm<V> isotherms[block_groups];
+    V dens[block_groups];
+    V log_dens[block_groups];
+    const std::int32_t groups = groups_of(states.count);
+    for (std::int32_t g = 0; g < groups; ++g) {
+      dens[g] = load<V>(states.dens + g * lanes);
+      log_dens[g] = logarithm_of_normal<V>(dens[g]);
+    }
+    for (std::int32_t g = 0; g < groups; ++g) {
+      Cells<V> cells;
+      states.cells_at(g, cells);
+      new (&isotherms[g]) Isotherm<V>(isotherm<V, Order::second>(cells, states.first_at(g)));
+      dens[g] = density_ts<V>(cells, isotherms[g], dens[g], log_dens[g], states.second_at(g));
+    }
+    for (std::int32_t g = 0; g < groups; ++g) log_dens[g] = logarithm_of_normal<V>(dens[g]);
+    for (std::int32_t g = 0; g < groups; ++g) {
+      new (&results[g]) SinglePhase<V>(evaluate_ts<V>(isotherms[g], states.first_at(g), dens[g],
+                                                      log_dens[g], states.second_at(g)));
+      rest.add(states, g, results[g].wanted);
+    }
+  }
+
+  [[gnu::noinline]] static void mix(const States& states, const std::int32_t g, Rest& /*rest*/,
+                                    const OutputSets out) {
+    const V temp = states.first_at(g);
+    const TieLine<V> at = tie_line_at(temp);
+    write_mixture<MixtureTransport::none>(
+        OutputWriter(out, g * lanes),
+        mixture_from_caloric<Entropy, V>(temp, states.second_at(g), at.liq, at.vap));
+  }
+  static std::int32_t code_of_mixture(const OutputSets out) { return code_of_ts_mixture(out); }
+};
+
+/// Enthalpy and entropy.
+struct HsRoad {
+  static constexpr SingleEntry single = co2_hs;
+
+  [[gnu::always_inline]] static inline Kinds place(States& states, const std::int32_t i) {
+    const HsPlace<V> place = place_hs<V>(load<V>(states.first + i), load<V>(states.second + i));
+    store(place.temp, states.temp + i);
+    store(place.dens, states.dens + i);
+    return {place.single, place.mixture};
+  }
+
+  [[gnu::noinline]] static void finish(const States& states, SinglePhase<V>* const results,
+                                       Rest& rest, States* const again) {
+    finish_round<Enthalpy, Entropy>(
+        states, results, rest, again,
+        [](const Cells<V>& cells, const Iterate<V>& at, const V& enth, const V& entr)
+            CO2_INLINE { return evaluate_hs<V>(cells, at, enth, entr); });
+  }
+
+  [[gnu::noinline]] static void mix(const States& states, const std::int32_t g, Rest& rest,
+                                    const OutputSets out) {
+    const V enth = states.first_at(g);
+    const V entr = states.second_at(g);
+    const V start = tie_line_start<Entropy, Enthalpy, V>(entr, enth);
+    const TieLine<V> near = tie_line_at(start);
+    const V temp = step_hs_mixture<V>(start, near.liq, near.vap, enth, entr).next;
+    const TieLine<V> at = tie_line_at(temp);
+    rest.add(states, g, step_hs_mixture<V>(temp, at.liq, at.vap, enth, entr).met);
+    write_mixture<MixtureTransport::none>(
+        OutputWriter(out, g * lanes), mixture_from_caloric<Entropy, V>(temp, entr, at.liq, at.vap));
+  }
+  static std::int32_t code_of_mixture(const OutputSets out) { return code_of_hs_mixture(out); }
+};
+
+/// A saturation line, by temperature or pressure, and quality.
+template <class Pair, SingleEntry entry>
+struct QualityRoad {
+  static constexpr SingleEntry single = entry;
+
+  [[gnu::always_inline]] static inline Kinds place(States& states, const std::int32_t i) {
+    return {Mask<V>{}, is_mixture<Pair, V>(load<V>(states.first + i), load<V>(states.second + i))};
+  }
+
+  [[gnu::noinline]] static void mix(const States& states, const std::int32_t g, Rest& /*rest*/,
+                                    const OutputSets out) {
+    const V temp = Pair::Given::template temperature<V>(states.first_at(g));
+    write_mixture_of_quality<Pair, V>(OutputWriter(out, g * lanes), temp, states.second_at(g),
+                                      tie_line_at(temp));
+  }
+  static std::int32_t code_of_mixture(const OutputSets out) {
+    return code_of_quality_mixture<Pair>(out);
+  }
+};
+
+/// Density and a second property.
+template <class Pair, SingleEntry entry>
+struct DensityRoad {
+  static constexpr SingleEntry single = entry;
+
+  [[gnu::always_inline]] static inline Kinds place(States& states, const std::int32_t i) {
+    const DensityPlace<V> place =
+        place_density<Pair, V>(load<V>(states.first + i), load<V>(states.second + i));
+    store(place.temp, states.temp + i);
+    return {place.single, place.mixture};
+  }
+
+  [[gnu::noinline]] static void finish(const States& states, SinglePhase<V>* const results,
+                                       Rest& rest, States* const again) {
+    struct Group {
+      Cells<V> cells;
+      IsochoreIterate<V> at;
+      V log_dens;
+    };
+    Group group[block_groups];
+    const std::int32_t groups = groups_of(states.count);
+    for (std::int32_t g = 0; g < groups; ++g) {
+      group[g].log_dens = logarithm_of_normal<V>(states.first_at(g));
+    }
+    for (std::int32_t g = 0; g < groups; ++g) {
+      group[g].at = step_density<Pair, V>(load<V>(states.temp + g * lanes), states.first_at(g),
+                                          group[g].log_dens, states.second_at(g), group[g].cells);
+      group[g].at.temp = within_range(group[g].at.temp);  // evaluated in any case
+    }
+    for (std::int32_t g = 0; g < groups; ++g) {
+      new (&results[g]) SinglePhase<V>(evaluate_density<Pair, V>(
+          group[g].cells, group[g].at, states.first_at(g), group[g].log_dens, states.second_at(g)));
+      if (again == nullptr) {
+        rest.add(states, g, results[g].wanted);
+      } else if (!all(results[g].wanted)) {
+        again->add(states, g, ~results[g].wanted, group[g].at.temp, states.first_at(g));
+      }
+    }
+  }
+
+  [[gnu::noinline]] static void mix(const States& states, const std::int32_t g, Rest& rest,
+                                    const OutputSets out) {
+    const V dens = states.first_at(g);
+    const V value = states.second_at(g);
+    const V temp = mixture_temperature<Pair, V>(dens, value, tie_line_at);
+    const TieLine<V> at = tie_line_at(temp);
+    const TieLineMiss<V> m = mixture_miss<Pair, V>(temp, at.liq, at.vap, dens, value);
+    rest.add(states, g, is_met<V>(m.missing, temp, m.slope, value, mixture_share));
+    write_mixture<MixtureTransport::none>(OutputWriter(out, g * lanes),
+                                          mixture_from_td<V>(temp, dens, at.liq, at.vap));
+  }
+  static std::int32_t code_of_mixture(const OutputSets out) {
+    return code_of_density_mixture<Pair>(out);
   }
 };
 
@@ -324,21 +493,74 @@ template <class Road>
   }
 }
 
-[[gnu::noinline]] void write_block(const OutputSet& out, const SinglePhase<V>* const results,
+[[gnu::noinline]] void write_block(const OutputSets out, const SinglePhase<V>* const results,
                                    const std::int32_t groups) {
   write_single_phase(OutputWriter(out), results, groups);
+  if (out.derivatives == nullptr) return;
+  const bool more = wants_more_derivatives(*out.derivatives);
+  for (std::int32_t g = 0; g < groups; ++g) {
+    const SinglePhase<V>& s = results[g];
+    StateDerivatives<V> d = state_derivatives(s.d, s.temp, s.dens);
+    // Lanes that do not count raise no exception.
+    d.cv = select<V>(s.wanted, d.cv, broadcast<V>(1.0));
+    d.dpdd = select<V>(s.wanted, d.dpdd, broadcast<V>(1.0));
+    const auto of_lane = [&](const std::int32_t k) -> StateDerivatives<double> {
+      return {d.temp[k], d.dens[k], d.pv[k], d.cv[k], d.dpdd[k], d.pv_t[k]};
+    };
+    const Mask<V> near = s.near & s.wanted;
+    for (std::int32_t k = 0; any(near) && k < lanes; ++k) {
+      if (near[k] == 0) continue;
+      const StateDerivatives<double> one = near_critical_derivatives(of_lane(k));
+      d.cv[k] = one.cv;
+      d.dpdd[k] = one.dpdd;
+      d.pv_t[k] = one.pv_t;
+    }
+    put_derivatives(*out.derivatives, g * lanes, d);
+    put_single_derivatives(*out.derivatives, g * lanes, d);
+    for (std::int32_t k = 0; more && k < lanes; ++k) {
+      if (s.wanted[k] != 0) put_more_derivatives(*out.derivatives, g * lanes + k, of_lane(k));
+    }
+  }
+}
+
+/// Single phases of a block, from its state `start` of the batch on. States that the first round
+/// has not solved go through a second one.
+template <class Road>
+[[gnu::always_inline]] inline void finish_single_phases(States& states, const std::size_t start,
+                                                        BlockOutputs& outputs, Rest& rest) {
+  static_assert(step_rounds == 2 && density_rounds == 2);
+  States again{};
+  SinglePhase<V> results[block_groups];
+  States* now = &states;
+  for (States* next = &again; now != nullptr && now->count > 0; now = next, next = nullptr) {
+    now->fill_lanes();
+    Road::finish(*now, results, rest, next);
+    const bool at_once = now->count == block_size && outputs.are_in_a_row();
+    write_block(at_once ? outputs.of_state(start) : outputs.buffers(), results,
+                groups_of(now->count));
+    outputs.hand_over(start, now->index, now->count, status::success, !at_once);
+  }
+}
+
+template <class Road>
+[[gnu::always_inline]] inline void finish_mixtures(States& states, const std::size_t start,
+                                                   BlockOutputs& outputs, Rest& rest) {
+  states.fill_lanes();
+  for (std::int32_t g = 0; g < groups_of(states.count); ++g)
+    Road::mix(states, g, rest, outputs.buffers());
+  outputs.hand_over(start, states.index, states.count, Road::code_of_mixture(outputs.buffers()),
+                    true);
 }
 
 template <class Road>
 void run_blocks(const Batch& batch) noexcept {
+  constexpr bool has_single_phases = requires { &Road::finish; };
+  constexpr bool has_mixtures = requires { &Road::mix; };
   BlockOutputs outputs(batch);
   States block{};  // with numbers in all places, since lanes are copied as a whole
   States singles{};
   States mixtures{};
-  States again{};
-  SinglePhase<V> results[block_groups];
   for (std::int32_t i = 0; i < block_size; ++i) block.index[i] = static_cast<std::uint8_t>(i);
-  const std::int32_t code_of_mixture = Road::code_of_mixture(outputs.buffers());
   const std::size_t size = batch.first.size();
   for (std::size_t start = 0; start < size; start += block_size) {
     block.count = static_cast<std::int32_t>(size - start < block_size ? size - start : block_size);
@@ -348,25 +570,12 @@ void run_blocks(const Batch& batch) noexcept {
     take(batch.first, start, block.count, block.first);
     take(batch.second, start, block.count, block.second);
     block.fill_lanes();
-
-    // A second round for states that the first one has not solved.
-    static_assert(caloric_rounds == 2);
-    States* now = &sort_states<Road>(block, singles, mixtures, rest);
-    again.count = 0;
-    for (States* next = &again; now != nullptr && now->count > 0; now = next, next = nullptr) {
-      now->fill_lanes();
-      Road::finish(*now, results, rest, next);
-      const bool at_once = now->count == block_size && outputs.are_in_a_row();
-      write_block(at_once ? outputs.of_state(start) : outputs.buffers(), results,
-                  groups_of(now->count));
-      outputs.hand_over(start, now->index, now->count, status::success, !at_once);
+    States& single_phases = sort_states<Road>(block, singles, mixtures, rest);
+    if constexpr (has_single_phases) {
+      finish_single_phases<Road>(single_phases, start, outputs, rest);
     }
-    if (mixtures.count > 0) {
-      mixtures.fill_lanes();
-      for (std::int32_t g = 0; g < groups_of(mixtures.count); ++g) {
-        Road::mix(mixtures, g, outputs.buffers());
-      }
-      outputs.hand_over(start, mixtures.index, mixtures.count, code_of_mixture, true);
+    if constexpr (has_mixtures) {
+      if (mixtures.count > 0) finish_mixtures<Road>(mixtures, start, outputs, rest);
     }
     for (std::int32_t k = 0; k < rest.count; ++k) {
       const std::size_t at = start + rest.index[k];
@@ -375,9 +584,65 @@ void run_blocks(const Batch& batch) noexcept {
   }
 }
 
-constexpr BatchEntries block_entries = {run_blocks<TdRoad>, run_blocks<TpRoad>,
-                                        run_blocks<CaloricRoad<PhPair, co2_ph>>,
-                                        run_blocks<CaloricRoad<PsPair, co2_ps>>};
+/// States of saturation: all that lie on the line go in lanes.
+template <class Given, SingleSaturation entry>
+void run_saturation_blocks(const SaturationBatch& batch) noexcept {
+  const SaturationPhases phases = SaturationPhases::of(batch);
+  BlockOutputs liq(phases.liq);
+  BlockOutputs vap(phases.vap);
+  SaturationBlockOutputs outputs(batch, liq, vap);
+  const SaturationOutputs buffers = outputs.buffers();
+  SaturationState<V> states[block_groups];
+  SinglePhase<V> room[block_groups];
+  alignas(64) double given[block_size];
+  alignas(64) double on_line[block_size];
+  std::uint8_t index[block_size];
+  const std::size_t size = batch.given.size();
+  for (std::size_t start = 0; start < size; start += block_size) {
+    const auto count =
+        static_cast<std::int32_t>(size - start < block_size ? size - start : block_size);
+    take(batch.given, start, count, given);
+    std::int32_t found = 0;
+    for (std::int32_t i = 0; i < count; ++i) {
+      if (!is_within<double>(given[i], Given::least, Given::greatest)) continue;
+      index[found] = static_cast<std::uint8_t>(i);
+      on_line[found++] = given[i];
+    }
+    if (found > 0) {
+      const std::int32_t groups = groups_of(found);
+      for (std::int32_t i = found; i < groups * lanes; ++i) on_line[i] = on_line[0];
+      for (std::int32_t g = 0; g < groups; ++g) {
+        const V temp = Given::template temperature<V>(load<V>(on_line + g * lanes));
+        new (&states[g]) SaturationState<V>{temp, tie_line_at(temp)};
+      }
+      write_saturation(buffers, states, groups, room, write_block);
+      outputs.hand_over(start, index, found);
+    }
+    for (std::int32_t i = 0, next = 0; i < count; ++i) {
+      if (next < found && index[next] == i) {
+        ++next;
+      } else {
+        outputs.run_one(entry, given[i], start + static_cast<std::size_t>(i));
+      }
+    }
+  }
+}
+
+constexpr BatchEntries block_entries = {.td = run_blocks<TdRoad>,
+                                        .tp = run_blocks<TpRoad>,
+                                        .ph = run_blocks<CaloricRoad<PhPair, co2_ph>>,
+                                        .ps = run_blocks<CaloricRoad<PsPair, co2_ps>>,
+                                        .du = run_blocks<DensityRoad<DuPair, co2_du>>,
+                                        .dh = run_blocks<DensityRoad<DhPair, co2_dh>>,
+                                        .ds = run_blocks<DensityRoad<DsPair, co2_ds>>,
+                                        .dp = run_blocks<DensityRoad<DpPair, co2_dp>>,
+                                        .hs = run_blocks<HsRoad>,
+                                        .pu = run_blocks<CaloricRoad<PuPair, co2_pu>>,
+                                        .ts = run_blocks<TsRoad>,
+                                        .tx = run_blocks<QualityRoad<TxPair, co2_tx>>,
+                                        .px = run_blocks<QualityRoad<PxPair, co2_px>>,
+                                        .sat_t = run_saturation_blocks<GivenTemperature, co2_sat_t>,
+                                        .sat_p = run_saturation_blocks<GivenPressure, co2_sat_p>};
 
 }  // namespace
 }  // namespace co2_properties

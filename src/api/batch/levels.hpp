@@ -3,19 +3,20 @@
 
 #include <cstdint>
 
+#include "api/entries/output_sets.hpp"
 #include "co2_properties/batch.hpp"
-#include "co2_properties/output_set.hpp"
+#include "co2_properties/saturation_set.hpp"
 
 namespace co2_properties {
 
 inline constexpr std::int32_t output_count = sizeof(OutputSet) / sizeof(double*);
+inline constexpr std::int32_t derivative_count = sizeof(DerivativeSet) / sizeof(double*);
 
 /// States that go through an entry together.
 inline constexpr std::int32_t block_size = 64;
 
 /// The form of the entries for one state.
-using SingleEntry = void (*)(const double&, const double&, std::int32_t&,
-                             const OutputSet&) noexcept;
+using SingleEntry = void (*)(double, double, std::int32_t&, OutputSets) noexcept;
 
 /// All states of one call; the lengths agree.
 struct Batch {
@@ -23,6 +24,15 @@ struct Batch {
   StridedSpan<const double> second;
   StridedSpan<std::int32_t> ierr;
   const BatchOutputSet& out;
+  const BatchDerivativeSet* derivatives = nullptr;  ///< where they are asked for
+};
+
+/// The same for states of saturation.
+using SingleSaturation = void (*)(const double&, std::int32_t&, const SaturationSet&) noexcept;
+struct SaturationBatch {
+  StridedSpan<const double> given;
+  StridedSpan<std::int32_t> ierr;
+  const BatchSaturationSet& out;
 };
 
 /// The outputs of a batch.
@@ -31,7 +41,7 @@ class BlockOutputs {
   explicit BlockOutputs(const Batch& batch) noexcept;
 
   /// Room for those of a block.
-  [[nodiscard]] const OutputSet& buffers() const noexcept { return buffers_; }
+  [[nodiscard]] OutputSets buffers() const noexcept { return buffers_.sets(batch_); }
   /// Takes results, if they are in the buffers, and the code to the caller.
   /// \param start  the block's first state in the batch
   /// \param index  of each result in the block, ascending; at least one
@@ -40,7 +50,7 @@ class BlockOutputs {
 
   /// Those of state `i` of the batch, in the caller's arrays; valid until the next call. If they
   /// all are in a row, those of the next states follow.
-  [[nodiscard]] const OutputSet& of_state(std::size_t i) noexcept;
+  [[nodiscard]] OutputSets of_state(std::size_t i) noexcept;
   [[nodiscard]] bool are_in_a_row() const noexcept { return in_a_row_; }
 
   // It points into itself.
@@ -48,20 +58,65 @@ class BlockOutputs {
   BlockOutputs& operator=(const BlockOutputs&) = delete;
 
  private:
+  struct Both {
+    OutputSet state;
+    DerivativeSet derivatives;
+
+    [[nodiscard]] OutputSets sets(const Batch& batch) const noexcept {
+      return {state, batch.derivatives == nullptr ? nullptr : &derivatives};
+    }
+  };
+  static constexpr std::int32_t most = output_count + derivative_count;
+
+  void take(const StridedSpan<double>& array, double*& buffer, double*& slot) noexcept;
+
   const Batch& batch_;
-  OutputSet buffers_;
-  OutputSet one_;
+  Both buffers_;
+  Both one_;
   std::int32_t count_ = 0;  ///< of the present outputs
   bool in_a_row_ = true;
-  double** slots_[output_count];
-  const StridedSpan<double>* arrays_[output_count];
-  alignas(64) double values_[output_count][block_size];
+  double** slots_[most];
+  const StridedSpan<double>* arrays_[most];
+  alignas(64) double values_[most][block_size];
 };
 
-/// The four entries for one instruction set.
+/// Each phase of states of saturation as a batch of its own.
+struct SaturationPhases {
+  Batch liq;
+  Batch vap;
+
+  [[nodiscard]] static SaturationPhases of(const SaturationBatch& batch) noexcept;
+};
+
+/// The outputs of states of saturation: those of each phase, and the arrays that both share.
+class SaturationBlockOutputs {
+ public:
+  SaturationBlockOutputs(const SaturationBatch& batch, BlockOutputs& liq,
+                         BlockOutputs& vap) noexcept
+      : batch_(batch), liq_(liq), vap_(vap) {}
+
+  /// As those of `BlockOutputs`.
+  [[nodiscard]] SaturationOutputs buffers() noexcept;
+  void hand_over(std::size_t start, const std::uint8_t* index, std::int32_t count) const noexcept;
+  /// Runs the entry for one state.
+  void run_one(SingleSaturation entry, double given, std::size_t i) noexcept;
+
+ private:
+  const SaturationBatch& batch_;
+  BlockOutputs& liq_;
+  BlockOutputs& vap_;
+  alignas(64) double latent_heat_[block_size] = {};
+  alignas(64) double dpdt_sat_[block_size] = {};
+};
+
+/// The entries for one instruction set.
 struct BatchEntries {
   using Run = void (*)(const Batch&) noexcept;
-  Run td, tp, ph, ps;
+  using SaturationRun = void (*)(const SaturationBatch&) noexcept;
+  // entries: begin, written by scripts/generate_entries
+  Run td, tp, ph, ps, du, dh, ds, dp, hs, pu, ts, tx, px;
+  // entries: end
+  SaturationRun sat_t, sat_p;
 };
 
 /// One state after the other, on any machine.

@@ -44,13 +44,18 @@ inline constexpr CaloricCodes ps_codes = {status::ps_temp_below_min,   status::p
                                           status::ps_pres_below_min,   status::ps_pres_above_max,
                                           status::ps_not_converged,    status::ps_two_phase,
                                           status::ps_loosely_converged};
+inline constexpr CaloricCodes pu_codes = {status::pu_temp_below_min,   status::pu_temp_above_max,
+                                          status::pu_pres_below_min,   status::pu_pres_above_max,
+                                          status::pu_not_converged,    status::pu_two_phase,
+                                          status::pu_loosely_converged};
 
 /// The code of a mixture, by what is asked for.
 template <class Pair>
 [[nodiscard, gnu::always_inline]] inline std::int32_t code_of_mixture(
-    const OutputSet& out) noexcept {
-  const bool missing = wants_cv_cp_ssnd(out) ||
-                       (Pair::mixture_transport == MixtureTransport::none && wants_transport(out));
+    const OutputSets out) noexcept {
+  const bool missing =
+      wants_single_phase(out) ||
+      (Pair::mixture_transport == MixtureTransport::none && wants_transport(out.state));
   return missing ? Pair::codes.two_phase : status::success;
 }
 
@@ -77,35 +82,6 @@ template <class Pair, class V>
                               select<V>(within, pres, broadcast<V>(pres_min)));
   const Mask<V> single = maybe_single & (phase.single | opposite(start.may_be_mixture));
   return {single, mixture, start.temp, start.dens};
-}
-
-/// Start values in their elements.
-template <class V>
-[[nodiscard, gnu::always_inline]] inline Iterate<V> start_in_element(const V& temp, const V& dens,
-                                                                     Cells<V>& cells) noexcept {
-  relocate<V>(temp, dens, cells);
-  return follow<V>(temp, dens, cells);
-}
-
-/// How many steps are taken at most, each followed by an evaluation that tells whether it sufficed.
-/// One suffices for nearly all states; around the critical point some per cent take two.
-inline constexpr std::int32_t caloric_rounds = 2;
-
-/// One step of third order, and the elements that hold the result. What was not served before is
-/// not afterwards.
-template <class Pair, class V>
-[[nodiscard, gnu::always_inline]] inline Iterate<V> step_caloric(const Iterate<V>& at,
-                                                                 const V& pres, const V& caloric,
-                                                                 Cells<V>& cells) noexcept {
-  const Evaluation<V> e = expand_density(isotherm<V, Order::third>(cells, at.temp), at.dens,
-                                         logarithm_of_normal<V>(at.dens));
-  const PropertyExpansion<V> p = Pressure::expand(e, at.temp, at.dens);
-  const PropertyExpansion<V> c = Pair::Property::expand(e, at.temp, at.dens);
-  const Step<V> step =
-      TwoProperties<V>(p, c).step_of_third_order(pres - p.value, caloric - c.value);
-  Iterate<V> next = follow<V>(at.temp + step.temp, at.dens + at.dens * step.dens, cells);
-  next.served = next.served & at.served;
-  return next;
 }
 
 /// Evaluates single phases.

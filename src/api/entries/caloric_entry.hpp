@@ -7,6 +7,7 @@
 #include <limits>
 
 #include "api/entries/caloric.hpp"
+#include "api/entries/rounds.hpp"
 #include "api/entries/state_writer.hpp"
 #include "co2_properties/limits.hpp"
 #include "co2_properties/status.hpp"
@@ -61,7 +62,7 @@ template <class Entry>
 template <class Entry>
 void finish_single(const std::int32_t first, const double temp, const double dens,
                    const double pres, const double caloric, std::int32_t& ierr,
-                   const OutputSet& out) noexcept {
+                   const OutputSets out) noexcept {
   const CaloricTarget target = caloric_target(pres, caloric);
   const CaloricSolution s = solve_caloric<typename Entry::Property>(target, first, temp, dens);
   const Agreement agreement = judge_agreement(s, target);
@@ -80,7 +81,7 @@ template <class Entry>
                                                   const SaturatedPhase<double>& liq,
                                                   const SaturatedPhase<double>& vap,
                                                   std::int32_t& ierr,
-                                                  const OutputSet& out) noexcept {
+                                                  const OutputSets out) noexcept {
   write_mixture<Entry::mixture_transport>(
       OutputWriter(out), mixture_from_caloric<typename Entry::Property>(temp, caloric, liq, vap));
   ierr = code_of_mixture<Entry>(out);
@@ -90,7 +91,7 @@ template <class Entry>
 /// meets both inputs.
 template <class Entry>
 [[gnu::noinline]] void take_stated_road(const double pres, const double caloric, std::int32_t& ierr,
-                                        const OutputSet& out) noexcept {
+                                        const OutputSets out) noexcept {
   using Property = typename Entry::Property;
   if (pres < pres_min) return fail(Entry::codes.pres_below_min, ierr, out);
   if (pres > pres_max) return fail(Entry::codes.pres_above_max, ierr, out);
@@ -119,7 +120,7 @@ template <class Entry>
 
 template <class Entry>
 void run_caloric(const double pres, const double caloric, std::int32_t& ierr,
-                 const OutputSet& out) noexcept {
+                 const OutputSets out) noexcept {
   const CaloricPlace<double> place = place_caloric<Entry, double>(pres, caloric);
   if (place.mixture) {
     const auto temp = saturation_temperature<double>(pres);
@@ -127,20 +128,13 @@ void run_caloric(const double pres, const double caloric, std::int32_t& ierr,
                                  ierr, out);
   }
   if (place.single) {
-    double temp = place.temp;
-    double dens = place.dens;
-    for (std::int32_t round = 0; round < caloric_rounds; ++round) {
-      Cells<double> cells;
-      Iterate<double> at = start_in_element<double>(temp, dens, cells);
-      if (at.served) at = step_caloric<Entry, double>(at, pres, caloric, cells);
-      if (!at.served) break;
-      const SinglePhase<double> s = evaluate_caloric<Entry, double>(cells, at, pres, caloric);
-      if (s.wanted) {
-        ierr = status::success;
-        return write_single_phase(OutputWriter(out), &s, 1);
-      }
-      temp = at.temp;
-      dens = at.dens;
+    const auto evaluated = [&](const Cells<double>& cells, const Iterate<double>& at) CO2_INLINE {
+      return evaluate_caloric<Entry, double>(cells, at, pres, caloric);
+    };
+    if (finish_in_rounds<Pressure, typename Entry::Property>(place.temp, place.dens, pres, caloric,
+                                                             evaluated, out)) {
+      ierr = status::success;
+      return;
     }
   }
   take_stated_road<Entry>(pres, caloric, ierr, out);

@@ -6,11 +6,20 @@
 
 namespace co2_properties {
 
-void co2_ph(const double& pres_in, const double& enth_in, std::int32_t& ierr,
-            const OutputSet& out) noexcept {
-  const double pres = pres_in;  // copies: an output may lie where an input does
-  const double enth = enth_in;
+[[gnu::noinline]] void co2_ph(const double pres, const double enth, std::int32_t& ierr,
+                              const OutputSets out) noexcept {
   run_caloric<PhPair>(pres, enth, ierr, out);
 }
+
+// entries: begin, written by scripts/generate_entries
+void co2_ph(const double& pres_in, const double& enth_in, std::int32_t& ierr,
+            const OutputSet& out) noexcept {
+  co2_ph(pres_in, enth_in, ierr, OutputSets(out));
+}
+void co2_ph(const double& pres_in, const double& enth_in, std::int32_t& ierr, const OutputSet& out,
+            const DerivativeSet& derivatives) noexcept {
+  co2_ph(pres_in, enth_in, ierr, OutputSets(out, &derivatives));
+}
+// entries: end
 
 }  // namespace co2_properties

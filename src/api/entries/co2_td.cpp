@@ -12,7 +12,7 @@ namespace {
 
 /// Evaluates and writes a state of one phase in element `e`.
 void finish_single(const std::int32_t e, const double temp, const double dens, std::int32_t& ierr,
-                   const OutputSet& out) noexcept {
+                   const OutputSets out) noexcept {
   const Element& cell = element(e);
   if (is_beyond(dens - cell.dens0, cell.dens_width))
     return fail(status::td_pres_above_max, ierr, out);
@@ -25,7 +25,7 @@ void finish_single(const std::int32_t e, const double temp, const double dens, s
 }
 
 void finish_mixture(const double temp, const double dens, std::int32_t& ierr,
-                    const OutputSet& out) noexcept {
+                    const OutputSets out) noexcept {
   write_mixture<MixtureTransport::none>(
       OutputWriter(out),
       mixture_from_td(temp, dens, saturated_liquid(temp), saturated_vapour(temp)));
@@ -34,7 +34,7 @@ void finish_mixture(const double temp, const double dens, std::int32_t& ierr,
 
 /// All states: limits and phase are decided as documented.
 [[gnu::noinline]] void take_stated_road(const double temp, const double dens, std::int32_t& ierr,
-                                        const OutputSet& out) noexcept {
+                                        const OutputSets out) noexcept {
   if (dens < dens_min) return fail(status::td_pres_below_min, ierr, out);
   if (temp >= t_crit) {
     if (temp > temp_max) return fail(status::td_temp_above_max, ierr, out);
@@ -53,10 +53,8 @@ void finish_mixture(const double temp, const double dens, std::int32_t& ierr,
 
 }  // namespace
 
-void co2_td(const double& temp_in, const double& dens_in, std::int32_t& ierr,
-            const OutputSet& out) noexcept {
-  const double temp = temp_in;  // copies: an output may lie where an input does
-  const double dens = dens_in;
+[[gnu::noinline]] void co2_td(const double temp, const double dens, std::int32_t& ierr,
+                              const OutputSets out) noexcept {
   std::int32_t e = 0;
   const TdPlace<double> place = place_td<double>(temp, dens, &e);
   if (place.single) {
@@ -69,5 +67,16 @@ void co2_td(const double& temp_in, const double& dens_in, std::int32_t& ierr,
   }
   take_stated_road(temp, dens, ierr, out);
 }
+
+// entries: begin, written by scripts/generate_entries
+void co2_td(const double& temp_in, const double& dens_in, std::int32_t& ierr,
+            const OutputSet& out) noexcept {
+  co2_td(temp_in, dens_in, ierr, OutputSets(out));
+}
+void co2_td(const double& temp_in, const double& dens_in, std::int32_t& ierr, const OutputSet& out,
+            const DerivativeSet& derivatives) noexcept {
+  co2_td(temp_in, dens_in, ierr, OutputSets(out, &derivatives));
+}
+// entries: end
 
 }  // namespace co2_properties

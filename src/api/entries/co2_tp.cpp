@@ -12,7 +12,7 @@ namespace {
 
 /// Finds the density from element `e` on, evaluates and writes.
 void finish(const std::int32_t e, const double temp, const double pres, std::int32_t& ierr,
-            const OutputSet& out) noexcept {
+            const OutputSets out) noexcept {
   const DensitySolution s = solve_density(e, temp, pres);
   if (!s.converged) return fail(status::tp_not_converged, ierr, out);
   ierr = status::success;
@@ -23,7 +23,7 @@ void finish(const std::int32_t e, const double temp, const double pres, std::int
 
 /// All states: limits and phase are decided as documented.
 [[gnu::noinline]] void take_stated_road(const double temp, const double pres, std::int32_t& ierr,
-                                        const OutputSet& out) noexcept {
+                                        const OutputSets out) noexcept {
   if (pres < pres_min) return fail(status::tp_pres_below_min, ierr, out);
   if (pres > pres_max) return fail(status::tp_pres_above_max, ierr, out);
   if (temp < t_crit) {
@@ -43,10 +43,8 @@ void finish(const std::int32_t e, const double temp, const double pres, std::int
 
 }  // namespace
 
-void co2_tp(const double& temp_in, const double& pres_in, std::int32_t& ierr,
-            const OutputSet& out) noexcept {
-  const double temp = temp_in;  // copies: an output may lie where an input does
-  const double pres = pres_in;
+[[gnu::noinline]] void co2_tp(const double temp, const double pres, std::int32_t& ierr,
+                              const OutputSets out) noexcept {
   std::int32_t e = 0;
   if (place_tp<double>(temp, pres, &e)) {
     const Cells<double> cells = {&element(e)};
@@ -61,5 +59,16 @@ void co2_tp(const double& temp_in, const double& pres_in, std::int32_t& ierr,
   }
   take_stated_road(temp, pres, ierr, out);
 }
+
+// entries: begin, written by scripts/generate_entries
+void co2_tp(const double& temp_in, const double& pres_in, std::int32_t& ierr,
+            const OutputSet& out) noexcept {
+  co2_tp(temp_in, pres_in, ierr, OutputSets(out));
+}
+void co2_tp(const double& temp_in, const double& pres_in, std::int32_t& ierr, const OutputSet& out,
+            const DerivativeSet& derivatives) noexcept {
+  co2_tp(temp_in, pres_in, ierr, OutputSets(out, &derivatives));
+}
+// entries: end
 
 }  // namespace co2_properties

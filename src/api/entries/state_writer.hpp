@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <type_traits>
 
+#include "api/entries/output_sets.hpp"
 #include "co2_properties/limits.hpp"
-#include "co2_properties/output_set.hpp"
 #include "eos/properties.hpp"
 #include "fits/near_critical.hpp"
 #include "fits/patch.hpp"
@@ -18,8 +18,8 @@ namespace co2_properties {
 /// Writes +0.0 to every present output.
 [[gnu::visibility("default")]] void zero_outputs(const OutputSet& out) noexcept;
 
-/// Reports an error: the code, and every present output +0.0.
-void fail(std::int32_t code, std::int32_t& ierr, const OutputSet& out) noexcept;
+/// Reports an error: the code, and every present output and derivative +0.0.
+void fail(std::int32_t code, std::int32_t& ierr, OutputSets out) noexcept;
 
 /// Whether an output is present that only a single phase has, transport properties aside.
 [[nodiscard, gnu::always_inline]] inline bool wants_cv_cp_ssnd(const OutputSet& out) noexcept {
@@ -30,13 +30,22 @@ void fail(std::int32_t code, std::int32_t& ierr, const OutputSet& out) noexcept;
   return out.visc != nullptr || out.cond != nullptr;
 }
 
+/// Whether a derivative is present that only a single phase has.
+[[nodiscard]] bool wants_single_phase_derivatives(const DerivativeSet& out) noexcept;
+
+/// Whether something is asked for that only a single phase has, transport properties aside.
+[[nodiscard, gnu::always_inline]] inline bool wants_single_phase(const OutputSets out) noexcept {
+  return wants_cv_cp_ssnd(out.state) ||
+         (out.derivatives != nullptr && wants_single_phase_derivatives(*out.derivatives));
+}
+
 /// Outputs of one state, or of states in groups of lanes, in arrays.
 class OutputWriter {
  public:
   /// \param at  element of the arrays to start with
-  [[gnu::always_inline]] explicit inline OutputWriter(const OutputSet& out,
+  [[gnu::always_inline]] explicit inline OutputWriter(const OutputSets out,
                                                       const std::int32_t at = 0) noexcept
-      : out_(out), at_(at) {}
+      : out_(out.state), derivatives_(out.derivatives), at_(at) {}
 
   /// Writes value(0), value(1), ... of all groups, if the output is present; where `value` takes
   /// two arguments, the second one is what has been written before.
@@ -56,8 +65,16 @@ class OutputWriter {
     }
   }
 
+  /// Null where none are asked for.
+  [[nodiscard, gnu::always_inline]] inline const DerivativeSet* derivatives() const noexcept {
+    return derivatives_;
+  }
+  /// Element of the arrays to start with.
+  [[nodiscard, gnu::always_inline]] inline std::int32_t at() const noexcept { return at_; }
+
  private:
   const OutputSet& out_;
+  const DerivativeSet* derivatives_;
   std::int32_t at_;
 };
 
@@ -95,6 +112,18 @@ struct SinglePhase {
   }
 };
 
+/// Writes the derivatives of a single phase: takes `StateDerivatives` in registers.
+void write_derivatives(const DerivativeSet& out, double temp, double dens, double pv, double cv,
+                       double dpdd, double pv_t) noexcept;
+/// Writes those of a mixture.
+/// \param at  element of the arrays
+void write_derivatives(const DerivativeSet& out, std::int32_t at,
+                       const Mixture<double>& m) noexcept;
+/// Writes those of mixtures in lanes, one after the other: they are rare.
+/// \param lanes  the numbers of a Mixture<V>, `count` of each
+void write_derivatives(const DerivativeSet& out, std::int32_t at, const double* lanes,
+                       std::int32_t count) noexcept;
+
 /// An output that comes from a fit around the critical point, from a density on.
 struct CriticalOutput {
   double* OutputSet::*output;
@@ -108,7 +137,8 @@ inline constexpr CriticalOutput critical_outputs[] = {
 };
 
 /// Writes single-phase states. Around the critical point, where elements resolve second derivatives
-/// worst, the heat capacities and the speed of sound come from their own fits.
+/// worst, the heat capacities and the speed of sound come from their own fits. Derivatives of lanes
+/// are left to whoever has them: see blocks.hpp of the batches.
 template <class V>
 [[gnu::always_inline]] inline void write_single_phase(const OutputWriter& out,
                                                       const SinglePhase<V>* const s,
@@ -159,13 +189,20 @@ template <class V>
   out.put<V>(&O::cond, groups, [&](const std::int32_t g) CO2_INLINE {
     return evaluate_fit<V>(conductivity_fit, s[g].temp, s[g].dens);
   });
-  if (!some_near) return;
-  for (const CriticalOutput& c : critical_outputs) {
-    out.put<V>(c.output, groups, [&](const std::int32_t g, const V& formula) CO2_INLINE {
-      const Mask<V> box = s[g].near & (s[g].dens > c.dens_lo);
-      if (!any(box)) return formula;
-      return select<V>(box, evaluate_fit<V>(*c.fit, s[g].temp, s[g].dens), formula);
-    });
+  if (some_near) {
+    for (const CriticalOutput& c : critical_outputs) {
+      out.put<V>(c.output, groups, [&](const std::int32_t g, const V& formula) CO2_INLINE {
+        const Mask<V> box = s[g].near & (s[g].dens > c.dens_lo);
+        if (!any(box)) return formula;
+        return select<V>(box, evaluate_fit<V>(*c.fit, s[g].temp, s[g].dens), formula);
+      });
+    }
+  }
+  if constexpr (lane_count<V> == 1) {
+    if (out.derivatives() == nullptr) return;
+    const Derivatives<double>& d = s->d;
+    write_derivatives(*out.derivatives(), s->temp, s->dens, d.pv,
+                      isochoric_heat_capacity(d, s->temp), d.dpdd, d.pv_t);
   }
 }
 
@@ -180,6 +217,15 @@ enum class MixtureTransport {
 template <MixtureTransport transport, class V>
 [[gnu::always_inline]] inline void write_mixture(const OutputWriter& out,
                                                  const Mixture<V>& m) noexcept {
+  if (out.derivatives() != nullptr) {
+    const Mixture<V> copy = m;  // which alone has to lie in memory
+    if constexpr (lane_count<V> == 1) {
+      write_derivatives(*out.derivatives(), out.at(), copy);
+    } else {
+      write_derivatives(*out.derivatives(), out.at(), reinterpret_cast<const double*>(&copy),
+                        lane_count<V>);
+    }
+  }
   using O = OutputSet;
   const auto put = [&](double* O::*const output, const auto& value) CO2_INLINE {
     out.put<V>(output, 1, [&](std::int32_t) CO2_INLINE -> V { return value(); });

@@ -1,0 +1,158 @@
+#pragma once
+// The temperature of a mixture that is given by two properties, for one state or for several in
+// lanes.
+//
+// On a tie line, at one temperature, additive properties lie on a straight line: a mixture with the
+// properties p and q is one at that temperature at which q lies on the chord between the phases in
+// (p, q). The templates take the two as types, see eos/property_types.hpp; in both phases the
+// pressure is that of the vapour, as in the outputs.
+
+#include <cstdint>
+#include <type_traits>
+
+#include "co2_properties/limits.hpp"
+#include "eos/property_types.hpp"
+#include "numbers/reverted_series.hpp"
+#include "saturation/tie_line.hpp"
+
+namespace co2_properties {
+
+// ---- Start values ------------------------------------------------------------------------------
+
+/// Both phases at one temperature.
+struct alignas(64) SaturatedNode {
+  double pres;  ///< kPa
+  double svol_liq, svol_vap;
+  double enth_liq, enth_vap;
+  double entr_liq, entr_vap;
+  double unused;
+};
+static_assert(sizeof(SaturatedNode) == 64);
+
+inline constexpr std::int32_t saturated_node_count = 128;
+
+/// Temperature, K, of a place between nodes, which crowd towards the critical point.
+template <class V>
+[[nodiscard, gnu::always_inline]] constexpr V node_temperature(const V& place) noexcept {
+  constexpr double step = 1.0 / saturated_node_count;
+  const V left = 1.0 - step * place;
+  return t_crit - (t_crit - temp_sat_min) * (left * left);
+}
+
+/// The saturation line from 240 K to 0.004 K below the critical temperature. Written by `tablegen
+/// saturated_nodes`.
+extern const SaturatedNode saturated_nodes[saturated_node_count];
+
+/// The same for several places, and the ends of their tie lines in a property.
+template <class V>
+struct SaturatedNodes {
+  V pres, svol_liq, svol_vap, enth_liq, enth_vap, entr_liq, entr_vap;
+
+  [[nodiscard, gnu::always_inline]] static inline SaturatedNodes at(const Ints<V>& index) noexcept {
+    Rows<V> rows;
+    for_each_lane<V>([&](const int k)
+                         CO2_INLINE { rows[k] = &saturated_nodes[lane(index, k)].pres; });
+    const Four<V> low = load_four<V>(rows);
+    const Four<V> high = load_four<V>(rows, 4);
+    return {low.first, low.second, low.third, low.fourth, high.first, high.second, high.third};
+  }
+
+  struct Ends {
+    V liq, vap;
+  };
+  [[nodiscard, gnu::always_inline]] inline Ends of(SpecificVolume /*unused*/) const noexcept {
+    return {svol_liq, svol_vap};
+  }
+  [[nodiscard, gnu::always_inline]] inline Ends of(InternalEnergy /*unused*/) const noexcept {
+    return {enth_liq - pres * svol_liq, enth_vap - pres * svol_vap};
+  }
+  [[nodiscard, gnu::always_inline]] inline Ends of(Enthalpy /*unused*/) const noexcept {
+    return {enth_liq, enth_vap};
+  }
+  [[nodiscard, gnu::always_inline]] inline Ends of(Entropy /*unused*/) const noexcept {
+    return {entr_liq, entr_vap};
+  }
+};
+
+/// Start value of the temperature, K, of a mixture: the two nodes between which it lies, and the
+/// cubic through them and their neighbours. Off by some 1e-6 K, and by 4e-4 K at most.
+template <class P, class Q, class V>
+[[nodiscard, gnu::always_inline]] inline V tie_line_start(const V& p, const V& q) noexcept {
+  using Nodes = SaturatedNodes<V>;
+  // How far q lies above the chord, times the length of that in p.
+  const auto excess = [&](const Nodes& n) CO2_INLINE -> V {
+    const auto a = n.of(P());
+    const auto b = n.of(Q());
+    return (q - b.liq) * (a.vap - a.liq) - (p - a.liq) * (b.vap - b.liq);
+  };
+  // Beyond its ends a chord says nothing: there the mixture has become a single phase.
+  const auto is_colder = [&](const Nodes& n) CO2_INLINE -> Mask<V> {
+    const auto a = n.of(P());
+    return ((p - a.liq) * (a.vap - p) > 0.0) & (excess(n) > 0.0);
+  };
+  Ints<V> at{};
+  for (std::int64_t width = saturated_node_count / 2; width > 0; width /= 2) {
+    at += width & minus_one<V>(is_colder(Nodes::at(at + width)));
+  }
+  constexpr std::int64_t last_inside = saturated_node_count - 3;
+  at = at < 1 ? Ints<V>{} + 1 : at;
+  at = at < last_inside ? at : Ints<V>{} + last_inside;
+  const V before = excess(Nodes::at(at - 1));
+  const V low = excess(Nodes::at(at));
+  const V high = excess(Nodes::at(at + 1));
+  const V after = excess(Nodes::at(at + 2));
+  const V c2 = 0.5 * (before + high) - low;
+  const V c3 = (1.0 / 6.0) * (after - before) + 0.5 * (low - high);
+  const V c1 = (high - low) - (c2 + c3);
+  const V x = low / (low - high);
+  constexpr double integers = 0x1p52;  // from here on doubles are whole numbers, low bits first
+  const V whole = from_bits<V>(__builtin_bit_cast(Bits<V>, at) | 0x4330000000000000U) - integers;
+  const V place =
+      whole + (x + reverted_step<V>(-(((c3 * x + c2) * x + c1) * x + low),
+                                    (3.0 * c3 * x + 2.0 * c2) * x + c1, 3.0 * c3 * x + c2, c3));
+  constexpr double last = saturated_node_count - 1;
+  const V above = select<V>(place > 0.0, place, broadcast<V>(0.0));
+  return node_temperature<V>(select<V>(above < last, above, broadcast<V>(last)));
+}
+
+// ---- Solution ----------------------------------------------------------------------------------
+
+/// What is missing of q at a temperature, and how much more of it one kelvin would bring.
+template <class V>
+struct TieLineMiss {
+  V missing, slope;
+};
+
+/// \param temp      K, of
+/// \param liq, vap  the phases
+/// \param p, q      values of the two properties; that of p is met
+///
+/// The slope is that of q at constant p. Along the line pressure rises as Clapeyron has it, and
+/// densities as that needs.
+template <class P, class Q, class V>
+[[nodiscard, gnu::always_inline]] inline TieLineMiss<V> miss_on_tie_line(
+    const V& temp, const SaturatedPhase<V>& liq, const SaturatedPhase<V>& vap, const V& p,
+    const V& q) noexcept {
+  const V rise = (entropy(vap.d) - entropy(liq.d)) * (liq.dens * vap.dens) / (liq.dens - vap.dens);
+  struct Along {
+    V value, slope;
+  };
+  const auto along = [&](const SaturatedPhase<V>& phase, const auto property) CO2_INLINE -> Along {
+    const auto f = decltype(property)::expand(Evaluation<V>{phase.d, {}}, temp, phase.dens);
+    const V stretch = (rise - phase.dens * phase.d.pv_t) / (phase.dens * phase.d.dpdd);
+    return {f.value, f.t + f.u * stretch};
+  };
+  const Along p_liq = along(liq, P());
+  const Along p_vap = along(vap, P());
+  const Along q_vap = along(vap, Q());
+  const Along q_liq = std::is_same_v<Q, Pressure> ? q_vap : along(liq, Q());
+  const V inverse = 1.0 / (p_vap.value - p_liq.value);
+  const V share = (p - p_liq.value) * inverse;
+  const V difference = q_vap.value - q_liq.value;
+  const V chord = difference * inverse;
+  const V of_liq = q_liq.slope - chord * p_liq.slope;
+  const V of_vap = q_vap.slope - chord * p_vap.slope;
+  return {(q - q_liq.value) - share * difference, of_liq + share * (of_vap - of_liq)};
+}
+
+}  // namespace co2_properties
