@@ -43,8 +43,7 @@ void print_work(const std::span<const Work> ranks) {
       t.*part += times.*part;
     }
     for (std::int64_t Fluid::Calls::*const part :
-         {&Fluid::Calls::solved, &Fluid::Calls::td, &Fluid::Calls::saturated, &Fluid::Calls::tp,
-          &Fluid::Calls::ph, &Fluid::Calls::ps, &Fluid::Calls::loose, &Fluid::Calls::at_jumps}) {
+         {&Fluid::Calls::du, &Fluid::Calls::ph, &Fluid::Calls::ps, &Fluid::Calls::loose}) {
       c.*part += calls.*part;
     }
   }
@@ -53,15 +52,13 @@ void print_work(const std::span<const Work> ranks) {
                count > 0 ? 1e9 * time / static_cast<double>(count) : 0.0, 100.0 * time / t.all);
   };
   fmt::print("work of all ranks                     number   ns each   % time\n");
-  line("cells from (dens, inte)", c.solved, t.energy);
+  line("cells from (dens, inte)", c.du, t.energy);
   line("faces from (pres, enth)", c.ph, t.faces);
   line("open end from (pres, entr)", c.ps, t.opening);
   fmt::print("  properties together           {:>30.1f}\n",
              100.0 * (t.energy + t.faces + t.opening) / t.all);
   fmt::print("  exchange between ranks        {:>30.1f}\n", 100.0 * t.exchange / t.all);
-  fmt::print("co2_td per cell {:.2f}, two-phase slopes {}, loose {}, at jumps {}\n",
-             static_cast<double>(c.td) / static_cast<double>(c.solved), c.saturated, c.loose,
-             c.at_jumps);
+  fmt::print("loose {}\n", c.loose);
   fmt::print("time {:.3f} s\n", t.all / static_cast<double>(ranks.size()));
 }
 

@@ -36,7 +36,7 @@ double internal_energy(const double temp, const double dens) {
 
 // Both sides come from fits beside the line of saturation and differ by the errors of these, which
 // grow towards the critical point.
-TEST(FlowFluid, SpeedOfSoundAndHeatCapacityOfMixturesAreSlopes) {
+TEST(FlowFluid, SpeedOfSoundOfMixturesIsASlope) {
   struct Row {
     const char* why;
     double temp, qual;
@@ -46,20 +46,14 @@ TEST(FlowFluid, SpeedOfSoundAndHeatCapacityOfMixturesAreSlopes) {
       {"bubbles, cold", 242.0, 0.01, 5e-5},  {"bubbles", 285.0, 0.01, 5e-5},
       {"half, cold", 245.0, 0.5, 5e-5},      {"half", 280.0, 0.5, 5e-5},
       {"droplets, cold", 250.0, 0.99, 5e-5}, {"droplets", 290.0, 0.99, 5e-5},
-      {"near critical", 303.0, 0.5, 3e-4},   {"bubbles, near critical", 302.0, 0.05, 3e-4},
+      {"near critical", 303.0, 0.5, 1e-4},   {"bubbles, near critical", 302.0, 0.05, 1e-4},
   };
   Fluid fluid;
   for (const Row& row : rows) {
     SCOPED_TRACE(row.why);
     const double dens = density_of_mixture(row.temp, row.qual);
-    const State s = fluid.from_energy(dens, internal_energy(row.temp, dens), 290.0);
+    const State s = fluid.from_energy(dens, internal_energy(row.temp, dens));
     ASSERT_TRUE(s.two_phase);
-
-    const double dt = 0.02;
-    const double slope =
-        (internal_energy(row.temp + dt, dens) - internal_energy(row.temp - dt, dens)) / (2.0 * dt);
-    EXPECT_NEAR(mixture(row.temp, row.qual, dens).cv / slope, 1.0, row.bound);
-
     const double entr = fluid.entropy(s);
     const State above = fluid.from_ps(1.001 * s.pres, entr);
     const State below = fluid.from_ps(0.999 * s.pres, entr);
@@ -69,35 +63,37 @@ TEST(FlowFluid, SpeedOfSoundAndHeatCapacityOfMixturesAreSlopes) {
   }
 }
 
-TEST(FlowFluid, EnergyGivesTheTemperatureBackFromAnyStart) {
+TEST(FlowFluid, EveryPairGivesTheSameState) {
   struct Row {
     const char* why;
     double temp, dens;
+    bool two_phase;
   };
-  const Row rows[] = {
-      {"gas", 352.0, 90.0},
-      {"dense", 352.0, 614.0},
-      {"hot", 1400.0, 100.0},
-      {"cold liquid", 245.0, 1090.0},
-      {"liquid beside saturation", 280.0, co2_properties::calc_sat_liq_dens(280.0) * (1 + 1e-7)},
-      {"first bubble", 280.0, co2_properties::calc_sat_liq_dens(280.0) * (1 - 1e-7)},
-      {"first drop", 280.0, co2_properties::calc_sat_vap_dens(280.0) * (1 + 1e-7)},
-      {"mixture", 250.0, 300.0},
-      {"above critical", 304.5, 467.6},
-      {"below critical", 303.5, 467.6},
-  };
+  const Row rows[] = {{"gas", 352.0, 90.0, false},
+                      {"liquid", 245.0, 1090.0, false},
+                      {"critical", 304.5, 467.6, false},
+                      {"mixture", 250.0, 300.0, true}};
   Fluid fluid;
   for (const Row& row : rows) {
     SCOPED_TRACE(row.why);
-    for (const double start : {240.0, 270.0, 304.1282, 320.0, 700.0, 1500.0}) {
-      const State s = fluid.from_energy(row.dens, internal_energy(row.temp, row.dens), start);
-      EXPECT_NEAR(s.temp, row.temp, 1e-7) << start;
-      EXPECT_EQ(s.dens, row.dens);
+    const State s = fluid.from_energy(row.dens, internal_energy(row.temp, row.dens));
+    EXPECT_EQ(s.two_phase, row.two_phase);
+    EXPECT_NEAR(s.temp, row.temp, 1e-9 * row.temp);
+    std::vector<State> others = {fluid.from_ph(s.pres, s.enth),
+                                 fluid.from_ps(s.pres, fluid.entropy(s))};
+    if (!row.two_phase) others.push_back(fluid.from_tp(s.temp, s.pres));
+    for (const State& other : others) {
+      EXPECT_EQ(other.two_phase, row.two_phase);
+      for (double State::*const value :
+           {&State::temp, &State::pres, &State::dens, &State::inte, &State::enth, &State::ssnd}) {
+        EXPECT_NEAR(other.*value / s.*value, 1.0, 1e-5);
+      }
     }
   }
-  EXPECT_THROW((void)fluid.from_energy(600.0, 5e6, 300.0), StateError) << "hotter than any state";
-  EXPECT_THROW((void)fluid.from_energy(600.0, -1e6, 300.0), StateError);
-  EXPECT_THROW((void)fluid.from_energy(NAN, 3e5, 300.0), StateError);
+  EXPECT_EQ(fluid.calls().loose, 0);
+  EXPECT_THROW((void)fluid.from_energy(600.0, 5e6), StateError) << "hotter than any state";
+  EXPECT_THROW((void)fluid.from_energy(600.0, -1e6), StateError);
+  EXPECT_THROW((void)fluid.from_energy(NAN, 3e5), StateError);
 }
 
 // d/dt of what lies between two points that move with their own x / t is what flows in there.
@@ -262,7 +258,7 @@ TEST(FlowSolver, PipesEmptyThroughTwoPhasesWithoutAStateError) {
     const Case c = depressurisation(fluid, row.choice);
     Solver solver(c, 60, 0.5, ranks);
     const Budget start = solver.budget();
-    double lowest = row.choice.pres_left;
+    double lowest = solver.profile().front().state.pres;
     for (const double time : c.times) {
       ASSERT_NO_THROW(solver.run_until(time));
       double pres = 0.0;
