@@ -3,9 +3,11 @@
 
 Usage: scripts/plot_accuracy.py FOLDER DOCS
 
-Reads FOLDER/states.csv and FOLDER/saturation.csv; writes accuracy_<quantity>.png for density, h,
-cp, w, viscosity and conductivity and accuracy_critical.png into DOCS. Each pixel shows the largest
-error of the states in it. Needs numpy and matplotlib.
+Reads FOLDER/saturation.csv and, of the other two, what is there. From FOLDER/states.csv it makes
+accuracy_<quantity>.png for density, h, cp, w, viscosity and conductivity and accuracy_critical.png
+in DOCS; from FOLDER/derivatives.csv, which `accuracy_report --derivatives --csv FOLDER` writes,
+accuracy_derivatives.png. Each pixel shows the largest error of the states in it. Needs numpy and
+matplotlib.
 """
 
 import os
@@ -38,6 +40,14 @@ CRITICAL_MAPS = (
     ("cv", "cv, relative"),
     ("w", "Speed of sound, relative"),
     ("conductivity", "Conductivity, relative"),
+)
+DERIVATIVE_MAPS = (
+    ("dpdd_u", "(dp/drho) at constant u"),
+    ("dddp_h", "(drho/dp) at constant h"),
+    ("dtdp_h", "(dT/dp) at constant h"),
+    ("dddh_p", "(drho/dh) at constant p"),
+    ("ssnd_eq", "Equilibrium speed of sound"),
+    ("fundam", "Fundamental derivative"),
 )
 
 
@@ -107,7 +117,7 @@ def domain_map(states, dome, column, title, label, path):
     save(figure, path)
 
 
-def critical_map(states, dome, path):
+def critical_map(states, dome, maps, bins, title, path):
     figure, all_axes = plt.subplots(3, 2, figsize=(10.0, 10.5), constrained_layout=True)
     # Linear within 0.02 K of the critical temperature, logarithmic in the distance beyond.
     width = 0.02
@@ -115,14 +125,16 @@ def critical_map(states, dome, path):
         lambda t: np.arcsinh((t - T_CRIT) / width),
         lambda u: T_CRIT + width * np.sinh(np.clip(u, -12.0, 12.0)),
     )
-    d_edges = np.linspace(BOX[2], BOX[3], 141)
-    t_edges = scale[1](np.linspace(scale[0](302.0), scale[0](310.0), 121))
+    d_edges = np.linspace(BOX[2], BOX[3], bins[0] + 1)
+    t_edges = scale[1](np.linspace(scale[0](302.0), scale[0](310.0), bins[1] + 1))
     inside = (states["temp"] > 302.0) & (states["temp"] < 310.0)
-    for axes, (column, title) in zip(all_axes.flat, CRITICAL_MAPS):
+    for axes, (column, name) in zip(all_axes.flat, maps):
+        # An error of 0 stands for what was not compared.
+        shown = inside & (states[column] != 0.0)
         grid = largest_in_bins(
-            states["dens"][inside],
-            states["temp"][inside],
-            np.abs(states[column][inside]),
+            states["dens"][shown],
+            states["temp"][shown],
+            np.abs(states[column][shown]),
             d_edges,
             t_edges,
         )
@@ -135,7 +147,9 @@ def critical_map(states, dome, path):
         axes.set_ylim(302.0, 310.0)
         axes.yaxis.set_major_locator(FixedLocator([302, 303, 303.8, 304.05, 304.1282, 304.2, 304.4, 305, 307, 310]))
         axes.yaxis.set_major_formatter(FuncFormatter(lambda v, _: f"{v:g}"))
-        axes.set_title(title, fontsize=10)
+        axes.set_title(name, fontsize=10)
+    if title:
+        figure.suptitle(title, fontsize=11)
     for axes in all_axes[-1, :]:
         axes.set_xlabel("density, kg/m3")
     for axes in all_axes[:, 0]:
@@ -156,12 +170,18 @@ def main():
     if len(sys.argv) != 3:
         sys.exit(__doc__)
     folder, docs = sys.argv[1:]
-    states = read_csv(os.path.join(folder, "states.csv"))
     dome = read_csv(os.path.join(folder, "saturation.csv"))
-    for column, title, label in DOMAIN_MAPS:
-        path = os.path.join(docs, f"accuracy_{column}.png")
-        domain_map(states, dome, column, title, label, path)
-    critical_map(states, dome, os.path.join(docs, "accuracy_critical.png"))
+    if os.path.exists(path := os.path.join(folder, "states.csv")):
+        states = read_csv(path)
+        for column, title, label in DOMAIN_MAPS:
+            image = os.path.join(docs, f"accuracy_{column}.png")
+            domain_map(states, dome, column, title, label, image)
+        image = os.path.join(docs, "accuracy_critical.png")
+        critical_map(states, dome, CRITICAL_MAPS, (140, 120), None, image)
+    if os.path.exists(path := os.path.join(folder, "derivatives.csv")):
+        image = os.path.join(docs, "accuracy_derivatives.png")
+        title = "Relative errors of derivatives, of both phases and of mixtures"
+        critical_map(read_csv(path), dome, DERIVATIVE_MAPS, (70, 60), title, image)
 
 
 if __name__ == "__main__":

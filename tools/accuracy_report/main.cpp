@@ -79,6 +79,20 @@ void write_csv(const std::string& folder, const std::vector<StateErrors>& states
   saturation.close();
 }
 
+/// The errors of all derivatives, for the plots.
+void write_csv(const std::string& folder, const std::vector<DerivativeErrors>& states) {
+  Output file(folder + "/derivatives.csv");
+  file.print("temp,dens,mixture");
+  for (const NamedDerivative& d : all_derivatives) file.print(",{}", d.name);
+  file.print("\n");
+  for (const DerivativeErrors& state : states) {
+    file.print("{:.9g},{:.9g},{:d}", state.temp, state.dens, state.mixture);
+    for (const double error : state.error) file.print(",{:.3g}", error);
+    file.print("\n");
+  }
+  file.close();
+}
+
 Section sample_section(const Options& options, const Sample& sample) {
   std::size_t in_box = 0;
   std::size_t unstable = 0;
@@ -137,8 +151,10 @@ int main_program(const int argc, const char* const* const argv) {
       ->type_name("N")
       ->check(CLI::Range(1, 256))
       ->capture_default_str();
-  app.add_option("--csv", options.csv_folder,
-                 "Existing folder for states.csv and saturation.csv, the input of the plots")
+  app.add_option(
+         "--csv", options.csv_folder,
+         "Existing folder for states.csv and saturation.csv, or for derivatives.csv, the input "
+         "of the plots")
       ->type_name("FOLDER")
       ->check(CLI::ExistingDirectory);
   app.add_option("--update", options.update, "Markdown file whose marked sections are rewritten")
@@ -148,10 +164,9 @@ int main_program(const int argc, const char* const* const argv) {
                "Instead of all else: viscosity and conductivity against newer correlations, a "
                "fifth of N states "
                "in each part of the domain");
-  app.add_flag(
-      "--derivatives", options.derivatives,
-      "Instead of all else: the set of derivatives, at a hundredth of N states and as many "
-      "mixtures");
+  app.add_flag("--derivatives", options.derivatives,
+               "Instead of all else: the set of derivatives, at a tenth of N states and as many "
+               "mixtures");
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
@@ -162,10 +177,11 @@ int main_program(const int argc, const char* const* const argv) {
                    {newer_models_section(options.states / 5, options.seed, options.threads)});
   }
   if (options.derivatives) {
-    const Sample sample = draw_sample(options.states, options.seed, options.threads);
-    return publish(options,
-                   {derivative_set_section(derivative_errors(sample.states, options.states / 100,
-                                                             options.seed, options.threads))});
+    const std::size_t count = options.states / 10;
+    const Sample sample = draw_sample(count, options.seed, options.threads);
+    const auto errors = derivative_errors(sample.states, count, options.seed, options.threads);
+    if (!options.csv_folder.empty()) write_csv(options.csv_folder, errors);
+    return publish(options, {derivative_set_section(errors)});
   }
   return report(options);
 }
