@@ -337,8 +337,8 @@ typedef struct co2_saturation_set {
   double* latent_heat; /**< enthalpy of vaporization, kJ/kg, or null */
   double* dpdt_sat;    /**< slope dp/dT of the saturation line, kPa/K, or null */
 
-  const co2_derivative_set* liq_derivatives; /**< those of the phases, or null */
-  const co2_derivative_set* vap_derivatives;
+  const co2_derivative_set* liq_derivatives; /**< those of the liquid, or null */
+  const co2_derivative_set* vap_derivatives; /**< those of the vapour, or null */
 } co2_saturation_set;
 
 /**
@@ -536,8 +536,8 @@ typedef struct co2_batch_saturation_set {
   co2_outputs latent_heat;  /**< enthalpy of vaporization, kJ/kg */
   co2_outputs dpdt_sat;     /**< slope dp/dT of the saturation line, kPa/K */
 
-  const co2_batch_derivative_set* liq_derivatives; /**< those of the phases, or null */
-  const co2_batch_derivative_set* vap_derivatives;
+  const co2_batch_derivative_set* liq_derivatives; /**< those of the liquid, or null */
+  const co2_batch_derivative_set* vap_derivatives; /**< those of the vapour, or null */
 } co2_batch_saturation_set;
 
 /** States of saturation. */

@@ -128,8 +128,8 @@ struct BatchSaturationSet {
   StridedSpan<double> latent_heat = {};  ///< enthalpy of vaporization, kJ/kg
   StridedSpan<double> dpdt_sat = {};     ///< slope dp/dT of the saturation line, kPa/K
 
-  const BatchDerivativeSet* liq_derivatives = nullptr;  ///< those of the phases
-  const BatchDerivativeSet* vap_derivatives = nullptr;
+  const BatchDerivativeSet* liq_derivatives = nullptr;  ///< those of the liquid
+  const BatchDerivativeSet* vap_derivatives = nullptr;  ///< those of the vapour
 };
 
 /// \name Entries for arrays

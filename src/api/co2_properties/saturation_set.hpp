@@ -18,7 +18,7 @@ struct SaturationSet {
   double* dpdt_sat = nullptr;     ///< slope dp/dT of the saturation line, kPa/K
 
   const DerivativeSet* liq_derivatives = nullptr;  ///< where those of the phases go, if anywhere
-  const DerivativeSet* vap_derivatives = nullptr;
+  const DerivativeSet* vap_derivatives = nullptr;  ///< those of the vapour
 };
 
 }  // namespace co2_properties
