@@ -80,30 +80,6 @@ struct TieLine {
   }
 };
 
-/// The temperature, K, at which the vapour has a pressure, kPa, up to the critical one: that of the
-/// saturation curve, which is a fit, improved by the vapour itself. The slope of the curve is good
-/// to 1e-4; with that of the secant after it two steps meet the pressure to 1e-12, next to the
-/// critical point to 1e-11. Above the pressure of the vapour at the critical temperature, 7377.2984
-/// kPa, it is that temperature.
-template <class V>
-[[nodiscard, gnu::always_inline]] inline V vapour_pressure_temperature(const V& pres) noexcept {
-  const auto missing = [&](const V& temp) CO2_INLINE -> V {
-    const SaturatedPhase<V> vap = saturated_vapour<V>(temp);
-    return pres - pressure(vap.d, vap.dens);
-  };
-  const auto up_to = [](const double most, const V& temp)
-                         CO2_INLINE { return select<V>(temp < most, temp, broadcast<V>(most)); };
-  constexpr double end = t_crit - 1e-9;  // at the critical temperature itself the density jumps
-  const WithSlope<V> curve = saturation_temperature_curve<V>(pres);
-  const V miss = missing(curve.value);
-  const V temp = up_to(end, curve.value + miss * curve.slope);
-  const V rest = missing(temp);
-  // A miss that rounding has part in gives no secant.
-  const Mask<V> large = absolute(miss) > 1e-9 * pres;
-  const V share = rest / select<V>(large, miss - rest, broadcast<V>(1.0));
-  return up_to(t_crit, temp + select<V>(large, (temp - curve.value) * share, rest * curve.slope));
-}
-
 // ---- Mixtures ----------------------------------------------------------------------------------
 
 /// A mixture.

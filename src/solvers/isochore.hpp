@@ -172,26 +172,6 @@ template <class Property>
   if constexpr (std::is_same_v<Property, Pressure>) return isochore_starts_pres;
 }
 
-/// A place between two nodes.
-template <class V>
-struct NodePlace {
-  Ints<V> lower;
-  V share;  ///< of the upper one, 0 to 1
-};
-
-/// \param place  counted from node 0; outside the nodes the next ones serve
-/// \param last   the last place, below the last node if that has an even number
-template <class V>
-[[nodiscard, gnu::always_inline]] inline NodePlace<V> place_between(const V& place,
-                                                                    const double last) noexcept {
-  constexpr double integers = 0x1p52;  // from here on doubles are whole numbers, low bits first
-  const V below = select<V>(place < last, place, broadcast<V>(last));
-  const V inside = select<V>(below > 0.0, below, broadcast<V>(0.0));
-  const V shifted = inside - 0.5;
-  const V whole = select<V>(shifted > 0.0, shifted, broadcast<V>(0.0)) + integers;
-  return {__builtin_bit_cast(Ints<V>, whole) & 0xfffffffffffff, inside - (whole - integers)};
-}
-
 /// Start value of the temperature, and which phase is certain.
 template <class V>
 struct IsochoreStart {

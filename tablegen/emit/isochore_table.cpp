@@ -16,7 +16,7 @@ namespace {
 
 /// Parts of the input digests: raise one when its table changes without the elements.
 constexpr const char* isochores_version = "isochores 1";
-constexpr const char* nodes_version = "saturated_nodes 1";
+constexpr const char* nodes_version = "saturated_nodes 2";
 
 constexpr const char* made_from =
     "the functions of src/saturation/ and the elements of src/eos/tables/elements.cpp.";
@@ -78,17 +78,20 @@ Generated generate_isochores() {
 Generated generate_nodes() {
   const std::string source = elements_source();
   std::string rows;
-  for (const SaturatedNode& n : saturated_node_values()) {
-    rows += "  {";
-    for (const double value :
-         {n.pres, n.svol_liq, n.svol_vap, n.enth_liq, n.enth_vap, n.entr_liq, n.entr_vap})
-      rows += hex_literal(value) + ", ";
-    rows += "0.0},\n";
+  std::string pressures;
+  for (const auto& [n, pres] : saturated_node_values()) {
+    std::string values;
+    for (const double value : {n.svol_liq, n.svol_vap, n.inte_liq, n.inte_vap, n.enth_liq,
+                               n.enth_vap, n.entr_liq, n.entr_vap})
+      values += (values.empty() ? "" : ", ") + hex_literal(value);
+    rows += "  {" + values + "},\n";
+    pressures += "  " + hex_literal(pres) + ",\n";
   }
   const std::string body =
       "\n#include \"solvers/solve_tie_line.hpp\"\n\nnamespace co2_properties {\n\n"
       "constexpr SaturatedNode saturated_nodes[saturated_node_count] = {\n" +
-      rows + "};\n\n}  // namespace co2_properties\n";
+      rows + "};\n\nconstexpr double saturated_node_pressures[saturated_node_count] = {\n" +
+      pressures + "};\n\n}  // namespace co2_properties\n";
   const Provenance provenance = {"saturated_nodes",
                                  {"Both phases along the saturation line: "
                                   "src/solvers/solve_tie_line.hpp."},

@@ -176,15 +176,16 @@ template IsochoreFit fit_isochores<Enthalpy>();
 template IsochoreFit fit_isochores<Entropy>();
 template IsochoreFit fit_isochores<Pressure>();
 
-std::vector<SaturatedNode> saturated_node_values() {
-  std::vector<SaturatedNode> nodes;
+std::vector<SaturatedNodeValues> saturated_node_values() {
+  std::vector<SaturatedNodeValues> nodes;
   for (int k = 0; k < saturated_node_count; ++k) {
     const double temp = node_temperature<double>(k);
     const SaturatedPhase<double> liq = saturated_liquid(temp);
     const SaturatedPhase<double> vap = saturated_vapour(temp);
-    nodes.push_back({pressure(vap.d, vap.dens), 1.0 / liq.dens, 1.0 / vap.dens,
-                     enthalpy(liq.d, temp), enthalpy(vap.d, temp), entropy(liq.d), entropy(vap.d),
-                     0.0});
+    nodes.push_back({{1.0 / liq.dens, 1.0 / vap.dens, InternalEnergy::value(liq.d, temp),
+                      InternalEnergy::value(vap.d, temp), enthalpy(liq.d, temp),
+                      enthalpy(vap.d, temp), entropy(liq.d), entropy(vap.d)},
+                     pressure(vap.d, vap.dens)});
   }
   return nodes;
 }

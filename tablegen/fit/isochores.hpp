@@ -20,7 +20,11 @@ struct IsochoreFit {
 template <class Property>
 [[nodiscard]] IsochoreFit fit_isochores();
 
-/// The nodes of `saturated_nodes`.
-[[nodiscard]] std::vector<SaturatedNode> saturated_node_values();
+/// One of `saturated_nodes`, with the pressure of its vapour, kPa.
+struct SaturatedNodeValues {
+  SaturatedNode node;
+  double pres;
+};
+[[nodiscard]] std::vector<SaturatedNodeValues> saturated_node_values();
 
 }  // namespace co2_properties::tablegen

@@ -51,7 +51,7 @@ TEST(TieLine, StartsAndStepsLeadToTheTemperature) {
         largest_errors<Entropy, Enthalpy>}) {
     for (const double hot : {303.9, 304.12}) {
       const Errors e = errors(240.0, hot);
-      EXPECT_LT(e.start, 4e-4);
+      EXPECT_LT(e.start, 2e-4);
       EXPECT_LT(e.step, 2e-5);
     }
   }

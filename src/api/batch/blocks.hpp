@@ -143,6 +143,28 @@ struct Kinds {
 /// Both phases at a saturation temperature, K: code that all entries share.
 [[gnu::noinline]] TieLine<V> tie_line_at(const V& temp) { return TieLine<V>::at(temp); }
 
+/// Mixtures at temperatures, K, and which of them meet their properties there.
+struct MixturesAt {
+  V temp;
+  TieLine<V> at;
+  Mask<V> met;
+};
+
+/// Takes one step with what the start values do not meet.
+/// \param step  step(temp, at): a `MixtureStep`
+template <class Step>
+[[gnu::always_inline]] inline MixturesAt step_mixtures(const V& start, const Step& step) {
+  MixturesAt m = {start, tie_line_at(start), {}};
+  MixtureStep<V> s = step(m.temp, m.at);
+  m.met = s.met;
+  if (!all(m.met)) {
+    m.temp = select<V>(m.met, m.temp, s.next);
+    m.at = tie_line_at(m.temp);
+    m.met = step(m.temp, m.at).met;
+  }
+  return m;
+}
+
 /// Temperature and density.
 struct TdRoad {
   static constexpr SingleEntry single = co2_td;
@@ -351,13 +373,14 @@ struct HsRoad {
                                     const OutputSets out) {
     const V enth = states.first_at(g);
     const V entr = states.second_at(g);
-    const V start = tie_line_start<Entropy, Enthalpy, V>(entr, enth);
-    const TieLine<V> near = tie_line_at(start);
-    const V temp = step_hs_mixture<V>(start, near.liq, near.vap, enth, entr).next;
-    const TieLine<V> at = tie_line_at(temp);
-    rest.add(states, g, step_hs_mixture<V>(temp, at.liq, at.vap, enth, entr).met);
+    const MixturesAt m = step_mixtures(
+        tie_line_start<Entropy, Enthalpy, V>(entr, enth),
+        [&](const V& temp, const TieLine<V>& at)
+            CO2_INLINE { return step_hs_mixture<V>(temp, at.liq, at.vap, enth, entr); });
+    rest.add(states, g, m.met);
     write_mixture<MixtureTransport::none>(
-        OutputWriter(out, g * lanes), mixture_from_caloric<Entropy, V>(temp, entr, at.liq, at.vap));
+        OutputWriter(out, g * lanes),
+        mixture_from_caloric<Entropy, V>(m.temp, entr, m.at.liq, m.at.vap));
   }
   static std::int32_t code_of_mixture(const OutputSets out) { return code_of_hs_mixture(out); }
 };
@@ -373,9 +396,9 @@ struct QualityRoad {
 
   [[gnu::noinline]] static void mix(const States& states, const std::int32_t g, Rest& /*rest*/,
                                     const OutputSets out) {
-    const V temp = Pair::Given::template temperature<V>(states.first_at(g));
-    write_mixture_of_quality<Pair, V>(OutputWriter(out, g * lanes), temp, states.second_at(g),
-                                      tie_line_at(temp));
+    const auto s = Pair::Given::template state<V>(states.first_at(g), tie_line_at);
+    write_mixture_of_quality<Pair, V>(OutputWriter(out, g * lanes), s.temp, states.second_at(g),
+                                      s.line);
   }
   static std::int32_t code_of_mixture(const OutputSets out) {
     return code_of_quality_mixture<Pair>(out);
@@ -426,12 +449,13 @@ struct DensityRoad {
                                     const OutputSets out) {
     const V dens = states.first_at(g);
     const V value = states.second_at(g);
-    const V temp = mixture_temperature<Pair, V>(dens, value, tie_line_at);
-    const TieLine<V> at = tie_line_at(temp);
-    const TieLineMiss<V> m = mixture_miss<Pair, V>(temp, at.liq, at.vap, dens, value);
-    rest.add(states, g, is_met<V>(m.missing, temp, m.slope, value, mixture_share));
+    const MixturesAt m = step_mixtures(
+        mixture_start<Pair, V>(dens, value), [&](const V& temp, const TieLine<V>& at) CO2_INLINE {
+          return step_mixture<Pair, V>(temp, at.liq, at.vap, dens, value);
+        });
+    rest.add(states, g, m.met);
     write_mixture<MixtureTransport::none>(OutputWriter(out, g * lanes),
-                                          mixture_from_td<V>(temp, dens, at.liq, at.vap));
+                                          mixture_from_td<V>(m.temp, dens, m.at.liq, m.at.vap));
   }
   static std::int32_t code_of_mixture(const OutputSets out) {
     return code_of_density_mixture<Pair>(out);
@@ -612,8 +636,8 @@ void run_saturation_blocks(const SaturationBatch& batch) noexcept {
       const std::int32_t groups = groups_of(found);
       for (std::int32_t i = found; i < groups * lanes; ++i) on_line[i] = on_line[0];
       for (std::int32_t g = 0; g < groups; ++g) {
-        const V temp = Given::template temperature<V>(load<V>(on_line + g * lanes));
-        new (&states[g]) SaturationState<V>{temp, tie_line_at(temp)};
+        new (&states[g])
+            SaturationState<V>(Given::template state<V>(load<V>(on_line + g * lanes), tie_line_at));
       }
       write_saturation(buffers, states, groups, room, write_block);
       outputs.hand_over(start, index, found);

@@ -18,7 +18,7 @@ void finish_mixture(const double temp, const double entr, const SaturatedPhase<d
   ierr = code_of_hs_mixture(out);
 }
 
-/// Steps towards the tie line of a mixture, one for nearly all. \return whether it was found and
+/// Steps towards the tie line of a mixture, none for nearly all. \return whether it was found and
 /// written
 bool finish_on_tie_line(const double enth, const double entr, std::int32_t& ierr,
                         const OutputSets out) noexcept {
@@ -28,8 +28,7 @@ bool finish_on_tie_line(const double enth, const double entr, std::int32_t& ierr
     const SaturatedPhase<double> liq = saturated_liquid(temp);
     const SaturatedPhase<double> vap = saturated_vapour(temp);
     const auto [next, met] = step_hs_mixture<double>(temp, liq, vap, enth, entr);
-    // Lanes do not ask before the first step.
-    if (k > 0 && met) {
+    if (met) {
       finish_mixture(temp, entr, liq, vap, ierr, out);
       return true;
     }

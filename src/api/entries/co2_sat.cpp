@@ -26,7 +26,7 @@ void run_saturation(const double given, const SaturationCodes& codes, std::int32
     }
     return;
   }
-  const auto state = SaturationState<double>::of<Given>(given);
+  const auto state = Given::state(given, TieLine<double>::at);
   SinglePhase<double> room;
   write_saturation(outputs, &state, 1, &room, write_phase);
   ierr = status::success;

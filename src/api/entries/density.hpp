@@ -114,40 +114,30 @@ template <class Pair, class V>
   return SinglePhase<V>::of(d, at.temp, dens, pres, found);
 }
 
-/// What is missing at one temperature.
+/// Newton's step to the next temperature of mixtures; none where it would leave them.
 template <class Pair, class V>
-[[nodiscard, gnu::always_inline]] inline TieLineMiss<V> mixture_miss(const V& temp,
+[[nodiscard, gnu::always_inline]] inline MixtureStep<V> step_mixture(const V& temp,
                                                                      const SaturatedPhase<V>& liq,
                                                                      const SaturatedPhase<V>& vap,
                                                                      const V& dens,
                                                                      const V& value) noexcept {
-  return miss_on_tie_line<SpecificVolume, typename Pair::Property>(temp, liq, vap, V(1.0 / dens),
-                                                                   value);
-}
-
-/// Newton's step to the next temperature of mixtures; none where it would leave them.
-template <class V>
-[[nodiscard, gnu::always_inline]] inline V step_mixture(const V& temp,
-                                                        const TieLineMiss<V>& m) noexcept {
+  const TieLineMiss<V> m = miss_on_tie_line<SpecificVolume, typename Pair::Property>(
+      temp, liq, vap, V(1.0 / dens), value);
   const V next = temp + m.missing / m.slope;
-  return select<V>((next >= temp_sat_min) & (next < t_crit), next, temp);
+  return {select<V>((next >= temp_sat_min) & (next < t_crit), next, temp),
+          is_met<V>(m.missing, temp, m.slope, value, mixture_share)};
 }
 
-/// Temperature of mixtures, K, with which nearly all meet their property: one step from the nodes
-/// of the saturation line. That of a pressure is what the vapour says.
-/// \param tie_line_at  gives both phases at a temperature
-template <class Pair, class V, class TieLineAt>
-[[nodiscard, gnu::always_inline]] inline V mixture_temperature(
-    const V& dens, const V& value, const TieLineAt& tie_line_at) noexcept {
+/// Start value of the temperature of mixtures, K. That of a pressure is what the vapour says.
+template <class Pair, class V>
+[[nodiscard, gnu::always_inline]] inline V mixture_start(const V& dens, const V& value) noexcept {
   using Property = typename Pair::Property;
   if constexpr (std::is_same_v<Property, Pressure>) {
-    const V temp = vapour_pressure_temperature<V>(
+    const V temp = vapour_pressure_start<V>(
         select<V>(value > pres_sat_min, value, broadcast<V>(pres_sat_min)));
     return select<V>((temp >= temp_sat_min) & (temp < t_crit), temp, broadcast<V>(temp_sat_min));
   } else {
-    const V start = tie_line_start<SpecificVolume, Property, V>(1.0 / dens, value);
-    const TieLine<V> at = tie_line_at(start);
-    return step_mixture<V>(start, mixture_miss<Pair, V>(start, at.liq, at.vap, dens, value));
+    return tie_line_start<SpecificVolume, Property, V>(1.0 / dens, value);
   }
 }
 

@@ -79,15 +79,15 @@ template <class Pair>
                                                                 const double value,
                                                                 std::int32_t& ierr,
                                                                 const OutputSets out) noexcept {
-  double temp = mixture_temperature<Pair, double>(dens, value, TieLine<double>::at);
-  for (std::int32_t round = 0; round < density_rounds; ++round) {
+  double temp = mixture_start<Pair>(dens, value);
+  for (std::int32_t round = 0; round <= density_rounds; ++round) {
     const auto at = TieLine<double>::at(temp);
-    const auto m = mixture_miss<Pair, double>(temp, at.liq, at.vap, dens, value);
-    if (is_met(m.missing, temp, m.slope, value, mixture_share)) {
+    const auto [next, met] = step_mixture<Pair>(temp, at.liq, at.vap, dens, value);
+    if (met) {
       finish_density_mixture<Pair>(temp, dens, at.liq, at.vap, ierr, out);
       return true;
     }
-    temp = step_mixture(temp, m);
+    temp = next;
   }
   return false;
 }

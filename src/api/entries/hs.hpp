@@ -76,18 +76,11 @@ template <class V>
   return SinglePhase<V>::of(d, at.temp, at.dens, pres, met);
 }
 
-/// A step towards the tie line of mixtures.
-template <class V>
-struct HsMixtureStep {
-  V next;       ///< temperature, K
-  Mask<V> met;  ///< whether the one before it is good enough
-};
-
 /// \param temp      K, of
 /// \param liq, vap  the phases
 /// A step that leads beyond the saturation line ends there.
 template <class V>
-[[nodiscard, gnu::always_inline]] inline HsMixtureStep<V> step_hs_mixture(
+[[nodiscard, gnu::always_inline]] inline MixtureStep<V> step_hs_mixture(
     const V& temp, const SaturatedPhase<V>& liq, const SaturatedPhase<V>& vap, const V& enth,
     const V& entr) noexcept {
   constexpr double share = 1e-12;

@@ -14,7 +14,7 @@ void run_quality(const double given, const double qual, std::int32_t& ierr,
   if (code != status::success) return fail(code, ierr, out);
   if (qual < 0.0 || qual > 1.0) return fail(Pair::codes.quality_outside, ierr, out);
   if (!(qual == qual)) return fail(Pair::codes.line.not_a_number, ierr, out);
-  const auto state = SaturationState<double>::of<Given>(given);
+  const auto state = Given::state(given, TieLine<double>::at);
   write_mixture_of_quality<Pair>(OutputWriter(out), state.temp, qual, state.line);
   ierr = code_of_quality_mixture<Pair>(out);
 }

@@ -1,26 +1,36 @@
 #pragma once
 // States of saturation from temperature or pressure, and mixtures from one of them and the quality;
-// for one state or for several in lanes. None of them needs a loop.
+// for one state or for several in lanes.
 //
 // The templates take what is given as a type. It has
-//   least, greatest    the ends of the saturation line
-//   temperature(value) the temperature of saturation, K
+//   least, greatest           the ends of the saturation line
+//   state(value, tie_line_at) the state of saturation; takes what gives both phases at a
+//   temperature
 
 #include "api/entries/state_writer.hpp"
 #include "co2_properties/limits.hpp"
 #include "co2_properties/saturation_set.hpp"
 #include "co2_properties/status.hpp"
 #include "saturation/tie_line.hpp"
+#include "solvers/solve_tie_line.hpp"
 
 namespace co2_properties {
+
+/// States of saturation, one or one in each lane.
+template <class V>
+struct SaturationState {
+  V temp;
+  TieLine<V> line;
+};
 
 struct GivenTemperature {
   static constexpr double least = temp_sat_min;
   static constexpr double greatest = t_crit;
 
-  template <class V>
-  [[nodiscard, gnu::always_inline]] static inline V temperature(const V& temp) noexcept {
-    return temp;
+  template <class V, class TieLineAt>
+  [[nodiscard, gnu::always_inline]] static inline SaturationState<V> state(
+      const V& temp, const TieLineAt& tie_line_at) noexcept {
+    return {temp, tie_line_at(temp)};
   }
 };
 
@@ -28,9 +38,25 @@ struct GivenPressure {
   static constexpr double least = pres_sat_min;
   static constexpr double greatest = p_crit;
 
-  template <class V>
-  [[nodiscard, gnu::always_inline]] static inline V temperature(const V& pres) noexcept {
-    return vapour_pressure_temperature<V>(pres);
+  /// The vapour has the pressure to 1e-13, next to the critical point to 1e-11. Above its pressure
+  /// at the critical temperature, 7377.2984 kPa, the state is that at this temperature.
+  template <class V, class TieLineAt>
+  [[nodiscard, gnu::always_inline]] static inline SaturationState<V> state(
+      const V& pres, const TieLineAt& tie_line_at) noexcept {
+    constexpr std::int32_t most_steps = 2;
+    const V start = vapour_pressure_start<V>(pres);
+    SaturationState<V> s = {start, tie_line_at(start)};
+    for (std::int32_t k = 0; k < most_steps; ++k) {
+      const V missing = pres - s.line.pres();
+      const Mask<V> met = absolute(missing) <= 1e-13 * pres;
+      if (all(met)) break;
+      const V next = s.temp + missing / s.line.slope();
+      // At the critical temperature itself the density of the vapour jumps.
+      const double hottest = k + 1 < most_steps ? t_crit - 1e-9 : t_crit;
+      s.temp = select<V>(met, s.temp, select<V>(next < hottest, next, broadcast<V>(hottest)));
+      s.line = tie_line_at(s.temp);
+    }
+    return s;
   }
 };
 
@@ -49,19 +75,6 @@ template <class Given>
   if (value > Given::greatest) return codes.above_max;
   return value == value ? status::success : codes.not_a_number;
 }
-
-/// States of saturation, one or one in each lane.
-template <class V>
-struct SaturationState {
-  V temp;
-  TieLine<V> line;
-
-  template <class Given>
-  [[nodiscard, gnu::always_inline]] static inline SaturationState of(const V& given) noexcept {
-    const V temp = Given::template temperature<V>(given);
-    return {temp, TieLine<V>::at(temp)};
-  }
-};
 
 /// Writes both phases, and what belongs to neither.
 /// \param room                 one state for each group
