@@ -52,8 +52,7 @@ namespace co2_properties {
 /// \param temp_in  temperature, K, 240 to 1500
 /// \param dens_in  density, kg/m3, from 0.0035287466 up to that of 100000 kPa
 /// \param ierr     0; -101 two phases and one of cv, cp, ssnd, visc, cond is present; the errors,
-/// in
-///                 the order of the tests: 103 density below its lowest value, 102 temperature
+///                 in the order of the tests: 103 density below its lowest value, 102 temperature
 ///                 above 1500, 101 temperature below 240, 103 pressure below 1, 104 pressure above
 ///                 100000
 ///
@@ -116,8 +115,7 @@ void co2_ps(const double& pres_in, const double& entr_in, std::int32_t& ierr,
 /// \param dens_in  density, kg/m3, from 0.0035287466 up to that of 100000 kPa
 /// \param inte_in  specific internal energy, kJ/kg, of a temperature of 240 K to 1500 K
 /// \param ierr     0; -501 two phases and one of cv, cp, ssnd, visc, cond is present; the errors,
-/// in
-///                 the order of the tests: 505 not a finite number, 503 density below its lowest
+///                 in the order of the tests: 505 not a finite number, 503 density below its lowest
 ///                 value, then for an energy that no state of the range has at the density the
 ///                 limit that it lies beyond: 501 temperature below 240, 503 pressure below 1, 502
 ///                 temperature above 1500, 504 pressure above 100000
@@ -166,10 +164,9 @@ void co2_dp(const double& dens_in, const double& pres_in, std::int32_t& ierr,
 /// \param enth_in  specific enthalpy, kJ/kg
 /// \param entr_in  specific entropy, kJ/(kg K)
 /// \param ierr     0; -901 two phases and one of cv, cp, ssnd, visc, cond is present; the errors,
-/// in
-///                 the order of the tests: 905 not a finite number, 901 temperature below 240, 902
-///                 temperature above 1500, 903 pressure below 1, 904 pressure above 100000, all of
-///                 them however far
+///                 in the order of the tests: 905 not a finite number, 901 temperature below 240,
+///                 902 temperature above 1500, 903 pressure below 1, 904 pressure above 100000, all
+///                 of them however far
 ///
 /// Along an isentrope enthalpy, temperature and pressure rise together: the state is unique, of one
 /// phase or two, which are told apart as by `co2_ts` at its temperature. Both inputs are met to
@@ -225,8 +222,8 @@ void co2_tx(const double& temp_in, const double& qual_in, std::int32_t& ierr,
 /// \param ierr     as for `co2_tx`, from -1501 on: 1503 pressure below 1282.4835, 1504 above
 ///                 7377.3, 1505 NaN, 1506 quality below 0 or above 1
 ///
-/// The temperature is that of `co2_sat_p`. `co2_ph` and `co2_ps` take it from `calc_sat_temp`, up
-/// to 7e-5 K away.
+/// The temperature is that of `co2_sat_p`. `co2_ph`, `co2_ps` and `co2_pu` take it from
+/// `calc_sat_temp`, up to 7e-5 K away.
 void co2_px(const double& pres_in, const double& qual_in, std::int32_t& ierr,
             const OutputSet& out) noexcept;
 

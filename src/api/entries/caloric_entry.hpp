@@ -1,5 +1,5 @@
 #pragma once
-// States from pressure and a caloric property: what `co2_ph` and `co2_ps` share.
+// States from pressure and a caloric property: what `co2_ph`, `co2_ps` and `co2_pu` share.
 //
 // The templates take the pair of inputs as a type, see caloric.hpp.
 

@@ -24,6 +24,21 @@ template <double* DerivativeSet::*... members>
   return (reinterpret_cast<std::uintptr_t>(out.*members) | ...) != 0;
 }
 
+/// Writes a derivative, if it is asked for, to element `at` of its array.
+template <class V>
+struct PutDerivative {
+  const DerivativeSet& out;
+  std::int32_t at;
+
+  /// \param value  computes it
+  template <class Value>
+  [[gnu::always_inline]] inline void operator()(double* DerivativeSet::*const output,
+                                                const Value& value) const noexcept {
+    double* const slot = out.*output;
+    if (slot != nullptr) store<V>(value(), slot + at);
+  }
+};
+
 /// Writes derivatives of first order; with e = (dp/dT) / rho and D the determinant, from
 ///   dp = rho e dT + (dp/drho) drho, dh = (cv + e) dT + (dp/drho - T e) / rho drho,
 ///   du = cv dT + (p/rho - T e) / rho drho, T ds = cv dT - T e / rho drho.
@@ -32,10 +47,7 @@ template <class V>
 [[gnu::always_inline]] inline void put_derivatives(const DerivativeSet& out, const std::int32_t at,
                                                    const StateDerivatives<V>& d) noexcept {
   using O = DerivativeSet;
-  const auto put = [&](double* O::*const output, const auto& value) CO2_INLINE {
-    double* const slot = out.*output;
-    if (slot != nullptr) store<V>(value(), slot + at);
-  };
+  const PutDerivative<V> put = {out, at};
   const V e = d.pv_t;
   const V te = d.temp * e;
   const V dpdt = d.dens * e;
@@ -77,10 +89,7 @@ template <class V>
                                                           const std::int32_t at,
                                                           const StateDerivatives<V>& d) noexcept {
   using O = DerivativeSet;
-  const auto put = [&](double* O::*const output, const auto& value) CO2_INLINE {
-    double* const slot = out.*output;
-    if (slot != nullptr) store<V>(value(), slot + at);
-  };
+  const PutDerivative<V> put = {out, at};
   put(&O::compr_t, [&]() CO2_INLINE -> V { return 1.0 / (d.dens * d.dpdd); });
   put(&O::expan_p, [&]() CO2_INLINE -> V { return d.pv_t / d.dpdd; });
 }

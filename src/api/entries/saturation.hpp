@@ -78,9 +78,8 @@ template <class Given>
 
 /// Writes both phases, and what belongs to neither.
 /// \param room                 one state for each group
-/// \param write_single_phases  writes what saturated phases have in common with other single
-/// phases;
-///                             takes outputs, states and the number of groups
+/// \param write_single_phases  writes what saturated phases share with other single phases; takes
+///                             outputs, states and the number of groups
 template <class V, class Writer>
 [[gnu::always_inline]] inline void write_saturation(const SaturationOutputs& out,
                                                     const SaturationState<V>* const states,
