@@ -2,10 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <cfenv>
 #include <cmath>
 #include <random>
 #include <vector>
 
+#include "tests/support/derivatives.hpp"
 #include "tests/support/entries.hpp"
 #include "tests/support/portable_lanes.hpp"
 
@@ -124,6 +126,29 @@ TEST(SaturationEntries, SlopeIsThatOfTheLine) {
   }
   // At the critical point it is continuous.
   EXPECT_NEAR(Saturation(sat_t, 304.1282).dpdt_sat, Saturation(sat_t, 304.1281).dpdt_sat, 1.0);
+}
+
+// Where the phases are one, what has no finite value is zero.
+TEST(SaturationEntries, CriticalMixturesAreFiniteAndRaiseNothing) {
+  const double pres[] = {calc_sat_pres(304.1282), next_above(calc_sat_pres(304.1282)), 7377.3};
+  for (const double qual : {0.0, 0.3, 1.0}) {
+    for (int k = 0; k < 4; ++k) {
+      test::Derivatives d;
+      Outputs out;
+      std::int32_t ierr = 0;
+      std::feclearexcept(FE_ALL_EXCEPT);
+      if (k < 3) co2_px(pres[k], qual, ierr, out.subset(), d.set());
+      if (k == 3) co2_tx(304.1282, qual, ierr, out.subset(), d.set());
+      EXPECT_EQ(std::fetestexcept(FE_INVALID | FE_DIVBYZERO | FE_OVERFLOW), 0);
+      EXPECT_EQ(ierr, k < 3 ? status::px_two_phase : status::tx_two_phase);
+      EXPECT_EQ(out[test::temp], 304.1282);
+      for (const double value : d.value) EXPECT_TRUE(std::isfinite(value));
+      for (const auto zero :
+           {&DerivativeSet::fundam, &DerivativeSet::dqualdd_t, &DerivativeSet::dqualdt_d}) {
+        EXPECT_EQ(bits(d[zero]), 0U);
+      }
+    }
+  }
 }
 
 TEST(SaturationEntries, RefuseWhatIsOffTheLine) {

@@ -1,9 +1,11 @@
 #include <fmt/format.h>
 
+#include <array>
 #include <bit>
 #include <cfenv>
 #include <cmath>
 #include <cstdint>
+#include <iterator>
 #include <vector>
 
 #include "api/batch/levels.hpp"
@@ -41,14 +43,26 @@ const Quantity pressures = {
     pres_min, pres_max, {0.0, pres_min, 62.28, 1282.0, pres_sat_min, p_crit, 7378.0, pres_max}};
 const Quantity enthalpies = {90.0, 1900.0, {0.0, 100.0, 332.0, 435.0, 456.0, 465.0, 1800.0, 1e4}};
 const Quantity energies = {60.0, 1650.0, {0.0, 80.0, 290.0, 400.0, 1630.0, 1e4}};
+const Quantity qualities = {1e-6, 1.0, {0.0, 1.0}};
 const Quantity entropies = {0.4, 5.0, {0.0, 0.5, 1.4, 1.9, 2.25, 2.7, 4.9, 100.0}};
 
 const struct {
   const Quantity& first;
   const Quantity& second;
-} inputs[plane_count] = {{temps, densities},     {temps, pressures},    {pressures, enthalpies},
-                         {pressures, entropies}, {pressures, energies}, {temps, entropies},
-                         {enthalpies, entropies}};
+} inputs[] = {{temps, densities},      {temps, pressures},    {pressures, enthalpies},
+              {pressures, entropies},  {pressures, energies}, {temps, entropies},
+              {enthalpies, entropies}, {temps, qualities},    {pressures, qualities}};
+
+/// The planes with strips, and those of quality.
+const std::vector<InputPlane>& planes() {
+  static const std::vector<InputPlane> all = [] {
+    std::vector<InputPlane> some(std::begin(input_planes), std::end(input_planes));
+    some.push_back({"co2_tx", co2_tx, &BatchEntries::tx, {}, {}});
+    some.push_back({"co2_px", co2_px, &BatchEntries::px, {}, {}});
+    return some;
+  }();
+  return all;
+}
 
 /// Any finite bits, or a value in the range, or one at, around or far from a mark.
 double draw(const Quantity& q, const bool any_bits, Draws& draws) {
@@ -84,7 +98,7 @@ std::vector<Level> levels_here() {
 }
 
 struct Outputs {
-  double value[output_count][batch_size];
+  double value[output_count + derivative_count][batch_size];
   std::int32_t ierr[batch_size];
 
   StridedSpan<double> row(const int k) { return {value[k], batch_size}; }
@@ -92,13 +106,18 @@ struct Outputs {
     return {row(0),  row(1),  row(2),  row(3),  row(4),  row(5),  row(6),  row(7),  row(8), row(9),
             row(10), row(11), row(12), row(13), row(14), row(15), row(16), row(17), row(18)};
   }
+  BatchDerivativeSet derivatives() {
+    std::array<StridedSpan<double>, derivative_count> rows;
+    for (std::size_t k = 0; k < rows.size(); ++k) rows[k] = {value[output_count + k], batch_size};
+    return std::bit_cast<BatchDerivativeSet>(rows);
+  }
 };
 
 /// The ways to draw inputs of an entry: two, and then the strips at its limits.
 enum Kind : std::size_t { random_bits, at_marks, first_strip };
 
 Inputs draw_inputs(const std::size_t plane, const std::size_t kind, Draws& draws) {
-  if (kind >= first_strip) return input_planes[plane].draw(kind - first_strip, draws);
+  if (kind >= first_strip) return planes()[plane].draw(kind - first_strip, draws);
   // One of two bit patterns is drawn from the range: else hardly any call gets beyond its checks.
   const std::uint64_t which = kind == random_bits ? draws.below(3) : 3;
   return {draw(inputs[plane].first, which == 0 || which == 2, draws),
@@ -129,6 +148,7 @@ Found search_chunk(const std::size_t plane, const std::size_t kind, const Level&
   Found found;
   Outputs out;
   const BatchOutputSet spans = out.all();
+  const BatchDerivativeSet derivatives = out.derivatives();
   double first[batch_size];
   double second[batch_size];
   for (std::size_t batch = 0; batch < batches_in_chunk; ++batch) {
@@ -138,15 +158,16 @@ Found search_chunk(const std::size_t plane, const std::size_t kind, const Level&
       second[k] = in.second;
     }
     const Traps traps(trap);
-    const Batch states = {{first, batch_size}, {second, batch_size}, {out.ierr, batch_size}, spans};
+    const Batch states = {
+        {first, batch_size}, {second, batch_size}, {out.ierr, batch_size}, spans, &derivatives};
     if (form.entries != &one_by_one) {
-      (form.entries->*input_planes[plane].batch)(states);
+      (form.entries->*planes()[plane].batch)(states);
       if (std::fetestexcept(unwanted_exceptions) != 0) found.note(form, first[0], second[0]);
       continue;
     }
     BlockOutputs outputs(states);
     for (std::size_t k = 0; k < batch_size; ++k) {
-      input_planes[plane].single(first[k], second[k], out.ierr[k], outputs.of_state(k));
+      planes()[plane].single(first[k], second[k], out.ierr[k], outputs.of_state(k));
       if (std::fetestexcept(unwanted_exceptions) == 0) continue;
       found.note(form, first[k], second[k]);
       std::feclearexcept(unwanted_exceptions);
@@ -159,7 +180,7 @@ Found search_chunk(const std::size_t plane, const std::size_t kind, const Level&
 bool search(const std::size_t plane, const std::size_t kind, const std::vector<Level>& all_forms,
             const std::uint64_t states, const Options& options) {
   const std::uint64_t chunks = 1 + states / (batch_size * batches_in_chunk * all_forms.size());
-  std::uint64_t seed = ((options.seed * plane_count + plane) << 32U) + (kind << 24U);
+  std::uint64_t seed = ((options.seed * planes().size() + plane) << 32U) + (kind << 24U);
   Found all;
   for (const Level& form : all_forms) {
     std::vector<Found> results(chunks);
@@ -169,10 +190,10 @@ bool search(const std::size_t plane, const std::size_t kind, const std::vector<L
     seed += chunks;
     for (const Found& f : results) all.add(f);
   }
-  fmt::print("{:<8}{:<36}{:>12}{:>10}", input_planes[plane].name,
+  fmt::print("{:<8}{:<36}{:>12}{:>10}", planes()[plane].name,
              kind == random_bits ? "random bits"
              : kind == at_marks  ? "around branches"
-                                 : input_planes[plane].strips[kind - first_strip],
+                                 : planes()[plane].strips[kind - first_strip],
              chunks * batches_in_chunk * batch_size * all_forms.size(), all.raised);
   if (all.raised > 0) fmt::print("  ({:a}, {:a}) {}", all.in.first, all.in.second, all.form);
   fmt::print("\n");
@@ -187,10 +208,10 @@ bool report_exceptions(const Options& options) {
   for (const Level& form : all_forms) fmt::print(" {}", form.name);
   fmt::print("\n\n{:<8}{:<36}{:>12}{:>10}\n", "entry", "inputs", "count", "raised");
   bool good = true;
-  for (std::size_t plane = 0; plane < plane_count; ++plane) {
-    const std::size_t kinds = first_strip + input_planes[plane].strips.size();
+  for (std::size_t plane = 0; plane < planes().size(); ++plane) {
+    const std::size_t kinds = first_strip + planes()[plane].strips.size();
     for (std::size_t kind = 0; kind < kinds; ++kind) {
-      const std::uint64_t states = options.states / (kind < first_strip ? plane_count : 10);
+      const std::uint64_t states = options.states / (kind < first_strip ? planes().size() : 10);
       good &= search(plane, kind, all_forms, states, options);
     }
   }

@@ -16,7 +16,10 @@ namespace co2_properties {
 ///
 /// Around the critical point (302.9 K < T < 310 K, 350 < rho < 580 kg/m3) they are made from the
 /// fits of cv, cp and speed of sound. Those of `qual` are of the lever value, zero where it is a
-/// mark. Accuracy: docs/accuracy.md.
+/// mark. In mixtures of 304.1282 K, which `co2_tx` and `co2_px` have, the phases are one: `fundam`
+/// and the derivatives of `qual` are infinite, and given as +0.0, without a warning.
+///
+/// Accuracy: docs/accuracy.md.
 struct DerivativeSet {
   // derivatives: begin, written by scripts/generate_outputs
   double* dpdd_u = nullptr;  ///< dp/drho at constant internal energy, kPa m3/kg

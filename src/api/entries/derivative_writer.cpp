@@ -101,8 +101,6 @@ void put_quality_derivatives(const DerivativeSet& out, const std::int32_t at,
   put(out.dqualdt_d, at, -per_width * (dvdt_liq + m.qual * (dvdt(vap) - dvdt_liq)));
 }
 
-// ---- Mixtures ----------------------------------------------------------------------------------
-
 }  // namespace
 
 void write_derivatives(const DerivativeSet& out, const std::int32_t at,
@@ -114,6 +112,11 @@ void write_derivatives(const DerivativeSet& out, const std::int32_t at,
   if (!wants_more_derivatives(out)) return;
   OfTransport::put_zeros(out, at);
   OfSinglePhaseSound::put_zeros(out, at);
+  if (m.liq.dens == m.vap.dens) {  // at the critical temperature, where they are infinite
+    put(out.fundam, at, 0.0);
+    OfQuality::put_zeros(out, at);
+    return;
+  }
   if (out.fundam != nullptr) {
     out.fundam[at] =
         mixture_fundamental_derivative(m, third_derivatives(Region::liquid, m.temp, m.liq.dens),
@@ -178,7 +181,11 @@ void write_derivatives(const DerivativeSet& out, const std::int32_t at, const do
   for (std::size_t k = 0; k < step; ++k) {
     Numbers one;
     for (std::size_t i = 0; i < numbers; ++i) one.of[i] = lanes[i * step + k];
-    write_derivatives(out, at + static_cast<std::int32_t>(k), bit_cast<Mixture<double>>(one));
+    const auto m = bit_cast<Mixture<double>>(one);
+    // A lane that does not count may be far from any mixture, and would raise exceptions.
+    if (m.qual > -0.01 && m.qual < 1.01) {
+      write_derivatives(out, at + static_cast<std::int32_t>(k), m);
+    }
   }
 }
 
