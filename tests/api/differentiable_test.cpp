@@ -43,7 +43,12 @@ using Run = void (*)(const Dual&, const Dual&, std::int32_t&, const NumberSet<Du
   [](const Dual& a, const Dual& b, std::int32_t& ierr, const NumberSet<Dual>& out) { \
     differentiable::co2_##pair(a, b, ierr, out);                                     \
   }
-constexpr Run runs[] = {CO2_TEST_DUAL(td), CO2_TEST_DUAL(tp), CO2_TEST_DUAL(ph), CO2_TEST_DUAL(ps)};
+const struct {
+  const test::Entry& entry;
+  Run run;
+} duals[] = {{test::td, CO2_TEST_DUAL(td)}, {test::tp, CO2_TEST_DUAL(tp)},
+             {test::ph, CO2_TEST_DUAL(ph)}, {test::ps, CO2_TEST_DUAL(ps)},
+             {test::tx, CO2_TEST_DUAL(tx)}, {test::px, CO2_TEST_DUAL(px)}};
 
 constexpr Output outputs[] = {test::temp, test::pres, test::dens, test::svol,
                               test::qual, test::inte, test::enth, test::entr,
@@ -52,7 +57,26 @@ constexpr std::size_t count = std::size(outputs);
 
 std::array<Dual, count> all_of(const Run run, const Dual& a, const Dual& b, std::int32_t& ierr) {
   std::array<Dual, count> r{};
-  run(a, b, ierr, {&r[0], &r[1], &r[2], &r[3], &r[4], &r[5], &r[6], &r[7], &r[8], &r[9], &r[10]});
+  const NumberSet<Dual> all = {&r[0], &r[1], &r[2], &r[3], &r[4], &r[5],
+                               &r[6], &r[7], &r[8], &r[9], &r[10]};
+  run(a, b, ierr, all);
+  // An output does not need the others.
+  constexpr Dual* NumberSet<Dual>::*members[count] = {
+      &NumberSet<Dual>::temp, &NumberSet<Dual>::pres, &NumberSet<Dual>::dens,
+      &NumberSet<Dual>::svol, &NumberSet<Dual>::qual, &NumberSet<Dual>::inte,
+      &NumberSet<Dual>::enth, &NumberSet<Dual>::entr, &NumberSet<Dual>::ssnd,
+      &NumberSet<Dual>::visc, &NumberSet<Dual>::cond};
+  for (const auto member : members) {
+    Dual alone{};
+    NumberSet<Dual> one;
+    one.*member = &alone;
+    std::int32_t same = 0;
+    run(a, b, same, one);
+    const Dual& x = *(all.*member);
+    EXPECT_TRUE(bits(alone.value) == bits(x.value) && bits(alone.by[0]) == bits(x.by[0]) &&
+                bits(alone.by[1]) == bits(x.by[1]))
+        << test::output_names[outputs[&x - r.data()]] << " alone";
+  }
   return r;
 }
 
@@ -70,16 +94,16 @@ const Place places[] = {
 };
 
 TEST(Differentiable, ValuesAreTheLibrarysAndDerivativesThoseOfTheSolution) {
-  for (std::size_t n = 0; n < std::size(runs); ++n) {
-    const test::Entry& entry = *test::entries[n];
+  for (const auto& [entry, run] : duals) {
+    const bool by_qual = entry.inputs[1] == test::qual;
     for (const Place& at : places) {
-      if (at.mixture && entry.inputs[1] == test::pres) continue;
+      if (at.mixture ? entry.inputs[1] == test::pres : by_qual) continue;
       SCOPED_TRACE(std::string(entry.name) + ' ' + at.why);
       const test::Result state = test::td(at.temp, at.dens);
       const double in[2] = {state[entry.inputs[0]], state[entry.inputs[1]]};
       std::int32_t ierr = 0;
       // The directions are the two inputs, the second one doubled.
-      const auto r = all_of(runs[n], {in[0], {1.0, 0.0}}, {in[1], {0.0, 2.0}}, ierr);
+      const auto r = all_of(run, {in[0], {1.0, 0.0}}, {in[1], {0.0, 2.0}}, ierr);
       EXPECT_EQ(ierr, at.mixture ? -entry.base - 1 : 0);
       const test::Result here = entry(in[0], in[1]);
       for (std::size_t k = 0; k < count; ++k) {
@@ -126,14 +150,20 @@ TEST(Differentiable, AgreesWithTheSetOfDerivatives) {
   for (const auto& c : cases) EXPECT_NEAR(c.value, c.expected, 1e-12 * std::fabs(c.expected));
 }
 
-TEST(Differentiable, ErrorsGiveConstantZeros) {
+TEST(Differentiable, WhatHasNoDerivativesIsConstant) {
   std::int32_t ierr = 0;
-  for (const Dual& x : all_of(runs[2], {-1.0, {1.0, 0.0}}, {300.0, {0.0, 1.0}}, ierr)) {
+  for (const Dual& x : all_of(duals[2].run, {-1.0, {1.0, 0.0}}, {300.0, {0.0, 1.0}}, ierr)) {
     EXPECT_EQ(x.value, 0.0);
     EXPECT_EQ(x.by[0], 0.0);
     EXPECT_EQ(x.by[1], 0.0);
   }
   EXPECT_EQ(ierr, status::ph_pres_below_min);
+  // Where quality changes nothing.
+  for (const Dual& x : all_of(duals[4].run, {304.1282, {1.0, 0.0}}, {0.3, {0.0, 1.0}}, ierr)) {
+    EXPECT_EQ(x.by[0], 0.0);
+    EXPECT_EQ(x.by[1], 0.0);
+  }
+  EXPECT_EQ(ierr, status::tx_two_phase);
 }
 
 }  // namespace

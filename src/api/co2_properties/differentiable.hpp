@@ -87,7 +87,8 @@ struct Entry {
   /// The state from two inputs; codes, limits and values are those of the entry of this name for
   /// doubles. After an error every present output is a constant zero. The code of a mixture is
   /// negative as well where `visc` or `cond` is asked for, since they change there in a way that is
-  /// not given. Outputs may overwrite inputs.
+  /// not given. At 304.1282 K the mixtures of `co2_tx` and `co2_px` do not change with quality, and
+  /// have no derivatives by it: every output is a constant. Outputs may overwrite inputs.
   template <class Number>
   void operator()(const Number& first_in, const Number& second_in, std::int32_t& ierr,
                   const NumberSet<Number>& out) const {
@@ -98,7 +99,8 @@ struct Entry {
     const bool failed = ierr > 0;
     const detail::Gradient of_a = failed ? detail::Gradient{1.0, 0.0} : first(s);
     const detail::Gradient of_b = failed ? detail::Gradient{0.0, 1.0} : second(s);
-    const double per_determinant = 1.0 / (of_a.temp * of_b.dens - of_a.dens * of_b.temp);
+    const double determinant = of_a.temp * of_b.dens - of_a.dens * of_b.temp;
+    const double per_determinant = determinant == 0.0 ? 0.0 : 1.0 / determinant;
     const auto put = [&](Number* const to, const double value, const detail::GradientOf gradient) {
       if (to == nullptr) return;
       const detail::Gradient of = failed ? detail::Gradient{0.0, 0.0} : gradient(s);
@@ -129,8 +131,9 @@ struct Entry {
     if (out.inte != nullptr) values.inte = &s.inte;
     if (out.enth != nullptr) values.enth = &s.enth;
     if (out.entr != nullptr) values.entr = &s.entr;
-    if (out.qual != nullptr) {
-      values.qual = &s.qual;
+    constexpr bool qual_given = first == detail::of_qual || second == detail::of_qual;
+    if (out.qual != nullptr) values.qual = &s.qual;
+    if (qual_given || out.qual != nullptr) {
       derivatives.dqualdt_d = &s.of_qual.temp;
       derivatives.dqualdd_t = &s.of_qual.dens;
     }
