@@ -119,7 +119,9 @@ constexpr Message messages[] = {
      "CO2_DP: specified inputs result in temperature above maximum value of 1500 K"},
     {status::dp_pres_below_min,
      "CO2_DP: specified density below its minimum value, or pressure below minimum value of 1 kPa"},
-    {status::dp_pres_above_max, "CO2_DP: specified pressure above maximum value of 100000 kPa"},
+    {status::dp_pres_above_max,
+     "CO2_DP: specified density above its maximum value, or pressure above maximum value of 100000 "
+     "kPa"},
     {status::dp_not_converged,
      "CO2_DP: an error occurred when solving for the temperature that corresponds to the specified "
      "density and pressure; please contact Quillfen for assistance"},

@@ -37,6 +37,9 @@ TEST(Messages, Texts) {
       {-302,
        "CO2_PH: enthalpy did not converge completely; it is recommended the calculated value be "
        "checked (using enth as an output argument)"},
+      {804,
+       "CO2_DP: specified density above its maximum value, or pressure above maximum value of "
+       "100000 kPa"},
   };
   for (const Case& c : cases) EXPECT_EQ(text_of(c.code), c.text);
 }
