@@ -374,8 +374,11 @@ void co2_px(const double& pres_in, const double& qual_in, std::int32_t& ierr,
 /// \param out      any subset of the outputs of both phases, latent heat and slope of the line
 ///
 /// The slope is that of the equation of Clapeyron with entropies and volumes of the phases. At the
-/// critical temperature both phases are the critical state; just below it the densities of the fits
-/// are 473.62 kg/m3 and 465.87 kg/m3.
+/// critical temperature both phases are the critical state, see `SaturationSet`; just below it the
+/// densities of the fits are 473.62 kg/m3 and 465.87 kg/m3.
+///
+/// From 240 K to 240.000003 K the pressure is below 1282.4835 kPa, by up to 1.2e-4 kPa, and
+/// `co2_sat_p` and `co2_px` refuse it.
 void co2_sat_t(const double& temp_in, std::int32_t& ierr, const SaturationSet& out) noexcept;
 
 /// Both phases at a saturation pressure.
@@ -384,7 +387,8 @@ void co2_sat_t(const double& temp_in, std::int32_t& ierr, const SaturationSet& o
 /// \param out      as for `co2_sat_t`
 ///
 /// The temperature is the one at which `calc_sat_pres` meets the pressure to 1e-12, or 1e-11 within
-/// 0.3 kPa of its end; from 7377.2984 kPa on, where it ends, the critical temperature.
+/// 0.3 kPa of its end, 7377.298376 kPa. A pressure from there to 7377.3 gives the critical
+/// temperature, and `pres` is that of the end.
 void co2_sat_p(const double& pres_in, std::int32_t& ierr, const SaturationSet& out) noexcept;
 
 // ---- Constants, messages, outputs --------------------------------------------------------------
