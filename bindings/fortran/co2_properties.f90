@@ -647,9 +647,10 @@ module co2_properties
   ! ---- Saturation --------------------------------------------------------------------------------
 
   !> Both phases at a saturation temperature, K: co2_sat_t(temp_in, ierr, liq, vap, latent_heat,
-  !> dpdt_sat). liq and vap are of type co2_state, all members are filled; latent_heat is the enthalpy
-  !> of vaporization, kJ/kg, dpdt_sat the slope of the saturation line, kPa/K. All four are optional,
-  !> all may be arrays of one size.
+  !> dpdt_sat, liq_derivatives, vap_derivatives). liq and vap are of type co2_state, the derivatives
+  !> of type co2_derivatives, all members are filled; latent_heat is the enthalpy of vaporization,
+  !> kJ/kg, dpdt_sat the slope of the saturation line, kPa/K. All six are optional, all may be arrays
+  !> of one size.
   interface co2_sat_t
     module procedure co2_sat_t_state, co2_sat_t_states
   end interface
@@ -1688,26 +1689,41 @@ contains
 
   ! entries: end
 
-  subroutine co2_sat_t_state(temp_in, ierr, liq, vap, latent_heat, dpdt_sat)
+  subroutine co2_sat_t_state(temp_in, ierr, liq, vap, latent_heat, dpdt_sat, &
+      liq_derivatives, vap_derivatives)
     real(c_double), intent(in) :: temp_in
     integer(c_int32_t), intent(out) :: ierr
     type(co2_state), intent(out), optional, target :: liq, vap
     real(c_double), intent(out), optional, target :: latent_heat, dpdt_sat
+    type(co2_derivatives), intent(out), optional, target :: liq_derivatives, vap_derivatives
     type(saturation_output) :: out
+    type(c_ptr), target :: of_liq(derivative_count), of_vap(derivative_count)
     if (present(liq)) out%liq = slots_of(c_loc(liq), output_count)
     if (present(vap)) out%vap = slots_of(c_loc(vap), output_count)
     if (present(latent_heat)) out%latent_heat = c_loc(latent_heat)
     if (present(dpdt_sat)) out%dpdt_sat = c_loc(dpdt_sat)
+    if (present(liq_derivatives)) then
+      of_liq = slots_of(c_loc(liq_derivatives), derivative_count)
+      out%liq_derivatives = c_loc(of_liq)
+    end if
+    if (present(vap_derivatives)) then
+      of_vap = slots_of(c_loc(vap_derivatives), derivative_count)
+      out%vap_derivatives = c_loc(of_vap)
+    end if
     call c_sat_t(temp_in, ierr, out)
   end subroutine
 
-  subroutine co2_sat_t_states(temp_in, ierr, liq, vap, latent_heat, dpdt_sat, ok)
+  subroutine co2_sat_t_states(temp_in, ierr, liq, vap, latent_heat, dpdt_sat, &
+      liq_derivatives, vap_derivatives, ok)
     real(c_double), intent(in), target :: temp_in(:)
     integer(c_int32_t), intent(out), target :: ierr(:)
     type(co2_state), intent(out), optional, target :: liq(:), vap(:)
     real(c_double), intent(out), optional, target :: latent_heat(:), dpdt_sat(:)
+    type(co2_derivatives), intent(inout), optional, target :: liq_derivatives(:), &
+      vap_derivatives(:)
     logical, intent(out), optional :: ok
     type(saturation_outputs) :: out
+    type(strided), target :: of_liq(derivative_count), of_vap(derivative_count)
     integer(c_size_t) :: count
     logical :: agree
     count = size(temp_in, kind=c_size_t)
@@ -1716,30 +1732,49 @@ contains
     call collect_phase(out%vap, agree, count, vap)
     call collect_values(out%latent_heat, agree, count, latent_heat)
     call collect_values(out%dpdt_sat, agree, count, dpdt_sat)
+    call collect_derivatives(of_liq, agree, count, liq_derivatives)
+    call collect_derivatives(of_vap, agree, count, vap_derivatives)
+    if (present(liq_derivatives)) out%liq_derivatives = c_loc(of_liq)
+    if (present(vap_derivatives)) out%vap_derivatives = c_loc(of_vap)
     if (.not. agrees(agree, ok)) return
     call co2_sat_t_batch(count, inputs(temp_in), codes(ierr), out)
   end subroutine
 
-  subroutine co2_sat_p_state(pres_in, ierr, liq, vap, latent_heat, dpdt_sat)
+  subroutine co2_sat_p_state(pres_in, ierr, liq, vap, latent_heat, dpdt_sat, &
+      liq_derivatives, vap_derivatives)
     real(c_double), intent(in) :: pres_in
     integer(c_int32_t), intent(out) :: ierr
     type(co2_state), intent(out), optional, target :: liq, vap
     real(c_double), intent(out), optional, target :: latent_heat, dpdt_sat
+    type(co2_derivatives), intent(out), optional, target :: liq_derivatives, vap_derivatives
     type(saturation_output) :: out
+    type(c_ptr), target :: of_liq(derivative_count), of_vap(derivative_count)
     if (present(liq)) out%liq = slots_of(c_loc(liq), output_count)
     if (present(vap)) out%vap = slots_of(c_loc(vap), output_count)
     if (present(latent_heat)) out%latent_heat = c_loc(latent_heat)
     if (present(dpdt_sat)) out%dpdt_sat = c_loc(dpdt_sat)
+    if (present(liq_derivatives)) then
+      of_liq = slots_of(c_loc(liq_derivatives), derivative_count)
+      out%liq_derivatives = c_loc(of_liq)
+    end if
+    if (present(vap_derivatives)) then
+      of_vap = slots_of(c_loc(vap_derivatives), derivative_count)
+      out%vap_derivatives = c_loc(of_vap)
+    end if
     call c_sat_p(pres_in, ierr, out)
   end subroutine
 
-  subroutine co2_sat_p_states(pres_in, ierr, liq, vap, latent_heat, dpdt_sat, ok)
+  subroutine co2_sat_p_states(pres_in, ierr, liq, vap, latent_heat, dpdt_sat, &
+      liq_derivatives, vap_derivatives, ok)
     real(c_double), intent(in), target :: pres_in(:)
     integer(c_int32_t), intent(out), target :: ierr(:)
     type(co2_state), intent(out), optional, target :: liq(:), vap(:)
     real(c_double), intent(out), optional, target :: latent_heat(:), dpdt_sat(:)
+    type(co2_derivatives), intent(inout), optional, target :: liq_derivatives(:), &
+      vap_derivatives(:)
     logical, intent(out), optional :: ok
     type(saturation_outputs) :: out
+    type(strided), target :: of_liq(derivative_count), of_vap(derivative_count)
     integer(c_size_t) :: count
     logical :: agree
     count = size(pres_in, kind=c_size_t)
@@ -1748,6 +1783,10 @@ contains
     call collect_phase(out%vap, agree, count, vap)
     call collect_values(out%latent_heat, agree, count, latent_heat)
     call collect_values(out%dpdt_sat, agree, count, dpdt_sat)
+    call collect_derivatives(of_liq, agree, count, liq_derivatives)
+    call collect_derivatives(of_vap, agree, count, vap_derivatives)
+    if (present(liq_derivatives)) out%liq_derivatives = c_loc(of_liq)
+    if (present(vap_derivatives)) out%vap_derivatives = c_loc(of_vap)
     if (.not. agrees(agree, ok)) return
     call co2_sat_p_batch(count, inputs(pres_in), codes(ierr), out)
   end subroutine
@@ -1772,8 +1811,9 @@ contains
     type(strided), intent(inout) :: slots(derivative_count)
     logical, intent(inout) :: agree
     integer(c_size_t), intent(in) :: count
-    type(co2_derivatives), intent(inout), target :: derivatives(:)
+    type(co2_derivatives), intent(inout), optional, target :: derivatives(:)
     integer(c_ptrdiff_t) :: stride
+    if (.not. present(derivatives)) return
     agree = agree .and. size(derivatives, kind=c_size_t) == count
     if (size(derivatives) == 0) return
     stride = derivative_count

@@ -307,6 +307,7 @@ contains
   subroutine saturation()
     real(dp), parameter :: temps(3) = [280, 310, 250]
     type(co2_state) :: liq, vap, phases(2, 3)
+    type(co2_derivatives) :: of_liq, of_vap, of_td, of_phases(2, 3)
     real(dp) :: heat, slope, heats(3), slopes(3), b(19), all_of(19)
     integer(int32) :: ierr, codes(3)
     integer :: i
@@ -324,13 +325,19 @@ contains
     call co2_sat_p(liq%pres, ierr, vap=vap, dpdt_sat=slopes(1))
     call check(ierr == 0 .and. near(vap%temp, temps(1)) .and. near(slopes(1), slope), 'sat_p')
 
-    call co2_sat_t(temps(3:1:-1), codes, phases(1, 3:1:-1), phases(2, 3:1:-1), heats, slopes, ok)
+    call co2_sat_t(temps(3:1:-1), codes, phases(1, 3:1:-1), phases(2, 3:1:-1), heats, slopes, &
+      of_phases(1, 3:1:-1), of_phases(2, 3:1:-1), ok)
     call check(ok .and. all(codes == [0, 1202, 0]), 'sat_t: codes of a batch')
     do i = 1, 3
-      call co2_sat_t(temps(i), ierr, liq, vap, heat, slope)
+      call co2_sat_t(temps(i), ierr, liq, vap, heat, slope, of_liq, of_vap)
       call check(all(transfer(phases(1, i), b) == transfer(liq, b)), 'sat_t: liquid of a batch')
       call check(all(transfer(phases(2, i), b) == transfer(vap, b)), 'sat_t: vapour of a batch')
       call check(heats(4 - i) == heat .and. slopes(4 - i) == slope, 'sat_t: line of a batch')
+      call check(all(transfer(of_phases(:, i), b) == transfer([of_liq, of_vap], b)), &
+        'sat_t: derivatives of a batch')
+      call co2_td_derivatives(temps(i), merge(liq%dens, vap%dens, i == 1), ierr, of_td)
+      call check(all(transfer(of_td, b) == transfer(merge(of_liq, of_vap, i == 1), b)), &
+        'sat_t: derivatives of co2_td')
     end do
     call co2_sat_p(phases(1, :)%pres, codes, liq=phases(2, :))
     call check(all(codes == [0, 1303, 0]) .and. all(near(phases(2, :)%temp, [280, 0, 250]*1.0_dp)), &
