@@ -32,6 +32,27 @@ template <class Real>
   return {temp, dens, d.pv, isochoric_heat_capacity(d, temp), d.dpdd, d.pv_t};
 }
 
+/// How a single phase and its heat capacity and the derivatives of its pressure change: those that
+/// end in _t with temperature, 1/K, at constant density, in _d with density, m3/kg, at constant
+/// temperature.
+struct StateChanges {
+  StateDerivatives<double> d;
+  double cv_t, cv_d;
+  double dpdt_t;
+  double dpdd_t, dpdd_d;
+};
+
+/// \param e  with third derivatives
+[[nodiscard]] inline StateChanges state_changes(const Evaluation<double>& e, const double temp,
+                                                const double dens) noexcept {
+  return {state_derivatives(e.d, temp, dens),
+          -(e.d.a_tt + temp * e.third.a_ttt),
+          -(temp * e.third.pv_tt / dens),
+          dens * e.third.pv_tt,
+          e.third.dpdd_t,
+          e.third.dpdd_d};
+}
+
 /// How the speed of sound w of a single phase changes: the logarithm of w^2 with temperature, 1/K,
 /// at constant density, and with density, m3/kg, at constant temperature.
 struct SoundSpeedChange {

@@ -46,44 +46,38 @@ struct SaturatedShare {
   double cv_t;
 };
 
-/// \param e            of the element at the saturated density, with third derivatives
 /// \param slope, bend  first and second derivative of the saturation pressure, kPa/K and kPa/K2
-[[nodiscard]] inline SaturatedShare saturated_share(const Evaluation<double>& e, const double temp,
-                                                    const double dens, const double slope,
+[[nodiscard]] inline SaturatedShare saturated_share(const StateChanges& phase, const double slope,
                                                     const double bend) noexcept {
-  const double svol = 1.0 / dens;
-  const double excess = slope - dens * e.d.pv_t;
-  const double stretch = excess / e.d.dpdd;  // drho/dT along the line
-  const double excess_t = bend - dens * e.third.pv_tt - e.third.dpdd_t * stretch;
-  const double dpdd_t = e.third.dpdd_t + e.third.dpdd_d * stretch;
-  const double work = temp * svol * svol * excess * stretch;
-  return {work - temp * e.d.a_tt,
-          work * (1.0 / temp - 2.0 * svol * stretch + 2.0 * excess_t / excess - dpdd_t / e.d.dpdd) -
-              (e.d.a_tt + temp * e.third.a_ttt) - temp * e.third.pv_tt * svol * stretch};
+  const StateDerivatives<double>& d = phase.d;
+  const double svol = 1.0 / d.dens;
+  const double excess = slope - d.dens * d.pv_t;
+  const double stretch = excess / d.dpdd;  // drho/dT along the line
+  const double excess_t = bend - phase.dpdt_t - phase.dpdd_t * stretch;
+  const double dpdd_t = phase.dpdd_t + phase.dpdd_d * stretch;
+  const double work = d.temp * svol * svol * stretch;
+  return {d.cv + work * excess,
+          phase.cv_t + phase.cv_d * stretch + 2.0 * work * excess_t +
+              work * excess * (1.0 / d.temp - 2.0 * svol * stretch - dpdd_t / d.dpdd)};
 }
 
 /// Fundamental derivative of gas dynamics of a mixture in equilibrium. (rho w)^2 = T p'^2 / cv
 /// along isentropes, with p' the slope of the saturation line, on which dT/dv = -T p' / cv; cv is
-/// linear in the volume at constant temperature, and what it rises by is T p''. \param liq, vap  of
-/// the elements at the saturated densities, with third derivatives
+/// linear in the volume at constant temperature, and what it rises by is T p''. Not at the critical
+/// temperature, where the phases have the same density.
 [[nodiscard]] inline double mixture_fundamental_derivative(const Mixture<double>& m,
-                                                           const Evaluation<double>& liq,
-                                                           const Evaluation<double>& vap) noexcept {
+                                                           const StateChanges& liq,
+                                                           const StateChanges& vap) noexcept {
   const double slope = saturation_slope(m);
   const double widening = 1.0 / m.vap.dens - 1.0 / m.liq.dens;
-  const auto share = [&](const Evaluation<double>& e, const SaturatedPhase<double>& phase,
-                         const double bend) {
-    return saturated_share(e, m.temp, phase.dens, slope, bend);
+  const double bend = (saturated_share(vap, slope, 0.0).cv - saturated_share(liq, slope, 0.0).cv) /
+                      (m.temp * widening);
+  const SaturatedShare of_liq = saturated_share(liq, slope, bend);
+  const SaturatedShare of_vap = saturated_share(vap, slope, bend);
+  const auto dvdt = [&](const StateDerivatives<double>& d) {
+    return (d.dens * d.pv_t - slope) / (d.dens * d.dens * d.dpdd);
   };
-  const double bend = (share(vap, m.vap, 0.0).cv - share(liq, m.liq, 0.0).cv) / (m.temp * widening);
-  const SaturatedShare of_liq = share(liq, m.liq, bend);
-  const SaturatedShare of_vap = share(vap, m.vap, bend);
-  const auto dvdt = [&](const Evaluation<double>& e, const double dens) {
-    return (dens * e.d.pv_t - slope) / (dens * dens * e.d.dpdd);
-  };
-  const double dqdt =
-      -(dvdt(liq, m.liq.dens) + m.qual * (dvdt(vap, m.vap.dens) - dvdt(liq, m.liq.dens))) /
-      widening;
+  const double dqdt = -(dvdt(liq.d) + m.qual * (dvdt(vap.d) - dvdt(liq.d))) / widening;
   const double cv = of_liq.cv + m.qual * (of_vap.cv - of_liq.cv);
   const double cv_t =
       of_liq.cv_t + m.qual * (of_vap.cv_t - of_liq.cv_t) + dqdt * (of_vap.cv - of_liq.cv);
