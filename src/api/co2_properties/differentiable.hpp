@@ -7,6 +7,7 @@
 #include "co2_properties/require_cpp20.hpp"
 
 #include <cstdint>
+#include <type_traits>
 
 #include "co2_properties.hpp"
 
@@ -121,6 +122,12 @@ struct Entry {
   }
 
  private:
+  // By types, as sanitizers keep g++ from comparing addresses in constant expressions.
+  template <detail::GradientOf gradient>
+  static constexpr bool is_qual =
+      std::is_same_v<std::integral_constant<detail::GradientOf, gradient>,
+                     std::integral_constant<detail::GradientOf, detail::of_qual>>;
+
   template <class Number>
   [[nodiscard]] detail::State state_of(const double a, const double b, std::int32_t& ierr,
                                        const NumberSet<Number>& out) const {
@@ -131,7 +138,7 @@ struct Entry {
     if (out.inte != nullptr) values.inte = &s.inte;
     if (out.enth != nullptr) values.enth = &s.enth;
     if (out.entr != nullptr) values.entr = &s.entr;
-    constexpr bool qual_given = first == detail::of_qual || second == detail::of_qual;
+    constexpr bool qual_given = is_qual<first> || is_qual<second>;
     if (out.qual != nullptr) values.qual = &s.qual;
     if (qual_given || out.qual != nullptr) {
       derivatives.dqualdt_d = &s.of_qual.temp;
