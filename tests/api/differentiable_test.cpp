@@ -94,7 +94,8 @@ const Place places[] = {
 };
 
 TEST(Differentiable, ValuesAreTheLibrarysAndDerivativesThoseOfTheSolution) {
-  for (const auto& [entry, run] : duals) {
+  for (const auto& [values, run] : duals) {
+    const auto& entry = values;  // lambdas capture it
     const bool by_qual = entry.inputs[1] == test::qual;
     for (const Place& at : places) {
       if (at.mixture ? entry.inputs[1] == test::pres : by_qual) continue;
