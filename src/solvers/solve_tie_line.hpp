@@ -133,7 +133,7 @@ template <class P, class Q, class V>
   at += place_between<V>(static_cast<double>(few) * share, 2.0 * few - 3.0).lower;
   at = at < 1 ? Ints<V>{} + 1 : at;
   // Where both phases still differ.
-  constexpr double hottest = node_temperature<double>(saturated_node_count - 1);
+  constexpr auto hottest = node_temperature<double>(saturated_node_count - 1);
   const V temp = zero_among_nodes<V>(at, excess(Nodes::at(at - 1)), excess(Nodes::at(at)),
                                      excess(Nodes::at(at + 1)), excess(Nodes::at(at + 2)));
   return select<V>(temp < hottest, temp, broadcast<V>(hottest));
