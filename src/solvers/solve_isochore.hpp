@@ -14,20 +14,15 @@
 
 namespace co2_properties {
 
-/// Share of the temperature to which it is found: of single phases, and of mixtures, whose slopes
-/// are not exactly those of the fits of the saturated densities.
-inline constexpr double single_share = 3e-13;
-inline constexpr double mixture_share = 6e-13;
-
 /// Whether a property is met so closely that no iteration would improve it much: temperature to a
 /// share, the property to 5e-12, as far as rounding lets them.
 /// \param missing  of the value
 /// \param slope    of the property in temperature
 template <class V>
 [[nodiscard, gnu::always_inline]] inline Mask<V> is_met(const V& missing, const V& temp,
-                                                        const V& slope, const V& value,
-                                                        const double share_of_temp) noexcept {
+                                                        const V& slope, const V& value) noexcept {
   constexpr double share = 5e-12;
+  constexpr double share_of_temp = 3e-13;
   constexpr double rounding = 1e-15;
   const V miss = absolute(missing);
   const V unit = at_least_of_unit(1.0, value);
@@ -47,7 +42,7 @@ struct IsochoreState {
 };
 
 [[nodiscard]] inline bool is_met(const IsochoreState& s, const double value) noexcept {
-  return is_met(s.missing, s.temp, s.slope, value, s.is_mixture ? mixture_share : single_share);
+  return is_met(s.missing, s.temp, s.slope, value);
 }
 
 /// \param kept  state whose elements serve up to `element_margin` outside their rectangles, so that

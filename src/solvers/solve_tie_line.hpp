@@ -13,6 +13,7 @@
 #include "cells/axis.hpp"
 #include "co2_properties/limits.hpp"
 #include "eos/property_types.hpp"
+#include "numbers/polynomial.hpp"
 #include "numbers/reverted_series.hpp"
 #include "saturation/tie_line.hpp"
 
@@ -77,31 +78,49 @@ struct SaturatedNodes {
   }
 };
 
-/// Temperature, K, at which a function is zero, from its values at four nodes, by the cubic through
-/// them. Up to the critical one, which lies one node beyond the last.
-/// \param at  the second of the nodes, next to the zero
+/// Values of a function at six nodes next to each other, the third and fourth around its zero.
 template <class V>
-[[nodiscard, gnu::always_inline]] inline V zero_among_nodes(const Ints<V>& at, const V& before,
-                                                            const V& low, const V& high,
-                                                            const V& after) noexcept {
-  const V c2 = 0.5 * (before + high) - low;
-  const V c3 = (1.0 / 6.0) * (after - before) + 0.5 * (low - high);
-  const V c1 = (high - low) - (c2 + c3);
-  const V x = low / (low - high);
+struct ValuesAtNodes {
+  V f0, f1, f2, f3, f4, f5;
+};
+
+/// Temperature, K, at which a function is zero, by the quintic through its values. Up to the
+/// critical one, which lies one node beyond the last. \param at  the third of the nodes
+template <class V>
+[[nodiscard, gnu::always_inline]] inline V zero_among_nodes(const Ints<V>& at,
+                                                            const ValuesAtNodes<V>& f) noexcept {
+  // Divided differences of Newton's form with the nodes 0, 1, -1, 2, -2, 3 counted from `at`.
+  const V d1 = f.f3 - f.f2;
+  const V d2 = (1.0 / 2.0) * ((f.f3 + f.f1) - 2.0 * f.f2);
+  const V d3 = (1.0 / 6.0) * ((f.f4 - f.f1) - 3.0 * d1);
+  const V d4 = (1.0 / 24.0) * (((f.f4 + f.f0) - 4.0 * (f.f3 + f.f1)) + 6.0 * f.f2);
+  const V d5 = (1.0 / 120.0) * (((f.f5 - f.f0) - 5.0 * (f.f4 - f.f1)) + 10.0 * d1);
+  // Taylor series of the quintic where the straight line between the two nodes is zero.
+  const V x = f.f2 / (f.f2 - f.f3);
+  Expansion<V> e = {d5, {}, {}, {}};
+  const auto next = [&](const V& distance, const V& difference) CO2_INLINE {
+    e.third = e.third * distance + e.second;
+    e.second = e.second * distance + e.first;
+    e.first = e.first * distance + e.value;
+    e.value = e.value * distance + difference;
+  };
+  next(x + 2.0, d4);
+  next(x - 2.0, d3);
+  next(x + 1.0, d2);
+  next(x - 1.0, d1);
+  next(x, f.f2);
   constexpr double integers = 0x1p52;  // from here on doubles are whole numbers, low bits first
   const V whole = from_bits<V>(__builtin_bit_cast(Bits<V>, at) | 0x4330000000000000U) - integers;
-  const V place =
-      whole + (x + reverted_step<V>(-(((c3 * x + c2) * x + c1) * x + low),
-                                    (3.0 * c3 * x + 2.0 * c2) * x + c1, 3.0 * c3 * x + c2, c3));
+  const V place = whole + (x + reverted_step<V>(-e.value, e.first, e.second, e.third));
   constexpr double last = saturated_node_count;
   const V above = select<V>(place > 0.0, place, broadcast<V>(0.0));
   return node_temperature<V>(select<V>(above < last, above, broadcast<V>(last)));
 }
 
 /// Start value of the temperature, K, of a mixture: the two nodes between which it lies, and the
-/// cubic through them and their neighbours. Off by some 1e-13 of it, so that nine of ten need no
-/// step, and by up to 1e-5 K, from entropy and enthalpy 2e-4 K, where elements meet between the
-/// nodes.
+/// quintic through them and their neighbours. Off by some 1e-14 of it, so that nearly nine of ten
+/// need no step, and by up to 2e-5 K, from entropy and enthalpy 2e-4 K, where elements meet between
+/// the nodes.
 template <class P, class Q, class V>
 [[nodiscard, gnu::always_inline]] inline V tie_line_start(const V& p, const V& q) noexcept {
   using Nodes = SaturatedNodes<V>;
@@ -130,12 +149,13 @@ template <class P, class Q, class V>
   at = at < last_few ? at : Ints<V>{} + last_few;
   const V left = excess(Nodes::at(at));
   const V share = left / (left - excess(Nodes::at(at + few)));
-  at += place_between<V>(static_cast<double>(few) * share, 2.0 * few - 3.0).lower;
-  at = at < 1 ? Ints<V>{} + 1 : at;
+  at += place_between<V>(static_cast<double>(few) * share, 2.0 * few - 4.0).lower;
+  at = at < 2 ? Ints<V>{} + 2 : at;
   // Where both phases still differ.
   constexpr auto hottest = node_temperature<double>(saturated_node_count - 1);
-  const V temp = zero_among_nodes<V>(at, excess(Nodes::at(at - 1)), excess(Nodes::at(at)),
-                                     excess(Nodes::at(at + 1)), excess(Nodes::at(at + 2)));
+  const V temp = zero_among_nodes<V>(
+      at, {excess(Nodes::at(at - 2)), excess(Nodes::at(at - 1)), excess(Nodes::at(at)),
+           excess(Nodes::at(at + 1)), excess(Nodes::at(at + 2)), excess(Nodes::at(at + 3))});
   return select<V>(temp < hottest, temp, broadcast<V>(hottest));
 }
 
@@ -147,14 +167,15 @@ template <class V>
   constexpr double nodes = saturated_node_count;
   const V left = (t_crit - saturation_temperature<V>(pres)) * (1.0 / (t_crit - temp_sat_min));
   const V distance = root<V>(select<V>(left > 0.0, left, broadcast<V>(0.0)));
-  Ints<V> at = place_between<V>(nodes - nodes * distance, nodes - 3.0).lower;
-  at = at < 1 ? Ints<V>{} + 1 : at;
+  Ints<V> at = place_between<V>(nodes - nodes * distance, nodes - 4.0).lower;
+  at = at < 2 ? Ints<V>{} + 2 : at;
   Rows<V> rows;
   for_each_lane<V>([&](const int k)
-                       CO2_INLINE { rows[k] = &saturated_node_pressures[lane(at, k) - 1]; });
-  const Four<V> of_nodes = load_four<V>(rows);
-  return zero_among_nodes<V>(at, of_nodes.first - pres, of_nodes.second - pres,
-                             of_nodes.third - pres, of_nodes.fourth - pres);
+                       CO2_INLINE { rows[k] = &saturated_node_pressures[lane(at, k) - 2]; });
+  const Four<V> low = load_four<V>(rows);
+  const Two<V> high = load_two<V>(rows, 4);
+  return zero_among_nodes<V>(at, {low.first - pres, low.second - pres, low.third - pres,
+                                  low.fourth - pres, high.first - pres, high.second - pres});
 }
 
 // ---- Solution ----------------------------------------------------------------------------------

@@ -109,7 +109,7 @@ template <class Pair, class V>
   const Derivatives<V> d = evaluate(isotherm<V, Order::second>(cells, at.temp), dens, log_dens);
   const auto f = Pair::Property::expand(Evaluation<V>{d, {}}, at.temp, dens);
   const V pres = pressure(d, dens);
-  const Mask<V> found = at.served & is_met<V>(value - f.value, at.temp, f.t, value, single_share) &
+  const Mask<V> found = at.served & is_met<V>(value - f.value, at.temp, f.t, value) &
                         is_within<V>(pres, pres_min, pres_max);
   return SinglePhase<V>::of(d, at.temp, dens, pres, found);
 }
@@ -125,7 +125,7 @@ template <class Pair, class V>
       temp, liq, vap, V(1.0 / dens), value);
   const V next = temp + m.missing / m.slope;
   return {select<V>((next >= temp_sat_min) & (next < t_crit), next, temp),
-          is_met<V>(m.missing, temp, m.slope, value, mixture_share)};
+          is_met<V>(m.missing, temp, m.slope, value)};
 }
 
 /// Start value of the temperature of mixtures, K. That of a pressure is what the vapour says.
