@@ -199,7 +199,9 @@ struct TdRoad {
         OutputWriter(out, g * lanes),
         mixture_from_td<V>(temp, states.second_at(g), at.liq, at.vap));
   }
-  static std::int32_t code_of_mixture(const OutputSets out) { return code_of_td_mixture(out); }
+  static std::int32_t code_of_mixture(const OutputSets out) {
+    return co2_properties::code_of_mixture(status::td_two_phase, out);
+  }
 };
 
 /// Temperature and pressure.
@@ -300,7 +302,7 @@ struct CaloricRoad {
                                                temp, states.second_at(g), at.liq, at.vap));
   }
   static std::int32_t code_of_mixture(const OutputSets out) {
-    return co2_properties::code_of_mixture<Pair>(out);
+    return co2_properties::code_of_mixture<Pair::mixture_transport>(Pair::codes.two_phase, out);
   }
 };
 
@@ -347,7 +349,9 @@ struct TsRoad {
         OutputWriter(out, g * lanes),
         mixture_from_caloric<Entropy, V>(temp, states.second_at(g), at.liq, at.vap));
   }
-  static std::int32_t code_of_mixture(const OutputSets out) { return code_of_ts_mixture(out); }
+  static std::int32_t code_of_mixture(const OutputSets out) {
+    return co2_properties::code_of_mixture(status::ts_two_phase, out);
+  }
 };
 
 /// Enthalpy and entropy.
@@ -382,7 +386,9 @@ struct HsRoad {
         OutputWriter(out, g * lanes),
         mixture_from_caloric<Entropy, V>(m.temp, entr, m.at.liq, m.at.vap));
   }
-  static std::int32_t code_of_mixture(const OutputSets out) { return code_of_hs_mixture(out); }
+  static std::int32_t code_of_mixture(const OutputSets out) {
+    return co2_properties::code_of_mixture(status::hs_two_phase, out);
+  }
 };
 
 /// A saturation line, by temperature or pressure, and quality.
@@ -401,7 +407,7 @@ struct QualityRoad {
                                       s.line);
   }
   static std::int32_t code_of_mixture(const OutputSets out) {
-    return code_of_quality_mixture<Pair>(out);
+    return co2_properties::code_of_mixture(Pair::codes.two_phase, out);
   }
 };
 
@@ -458,7 +464,7 @@ struct DensityRoad {
                                           mixture_from_td<V>(m.temp, dens, m.at.liq, m.at.vap));
   }
   static std::int32_t code_of_mixture(const OutputSets out) {
-    return code_of_density_mixture<Pair>(out);
+    return co2_properties::code_of_mixture(Pair::codes.two_phase, out);
   }
 };
 

@@ -49,16 +49,6 @@ inline constexpr CaloricCodes pu_codes = {status::pu_temp_below_min,   status::p
                                           status::pu_not_converged,    status::pu_two_phase,
                                           status::pu_loosely_converged};
 
-/// The code of a mixture, by what is asked for.
-template <class Pair>
-[[nodiscard, gnu::always_inline]] inline std::int32_t code_of_mixture(
-    const OutputSets out) noexcept {
-  const bool missing =
-      wants_single_phase(out) ||
-      (Pair::mixture_transport == MixtureTransport::none && wants_transport(out.state));
-  return missing ? Pair::codes.two_phase : status::success;
-}
-
 /// Which states take the common road, as one phase or as a mixture.
 template <class V>
 struct CaloricPlace {

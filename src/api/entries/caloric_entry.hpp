@@ -84,7 +84,7 @@ template <class Entry>
                                                   const OutputSets out) noexcept {
   write_mixture<Entry::mixture_transport>(
       OutputWriter(out), mixture_from_caloric<typename Entry::Property>(temp, caloric, liq, vap));
-  ierr = code_of_mixture<Entry>(out);
+  ierr = code_of_mixture<Entry::mixture_transport>(Entry::codes.two_phase, out);
 }
 
 /// All states: limits and phase are decided as documented, and Newton's method goes on until it

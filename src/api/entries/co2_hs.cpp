@@ -15,7 +15,7 @@ void finish_mixture(const double temp, const double entr, const SaturatedPhase<d
                     const OutputSets out) noexcept {
   write_mixture<MixtureTransport::none>(OutputWriter(out),
                                         mixture_from_caloric<Entropy>(temp, entr, liq, vap));
-  ierr = code_of_hs_mixture(out);
+  ierr = code_of_mixture(status::hs_two_phase, out);
 }
 
 /// Steps towards the tie line of a mixture, none for nearly all. \return whether it was found and

@@ -29,7 +29,7 @@ void finish_mixture(const double temp, const double dens, std::int32_t& ierr,
   write_mixture<MixtureTransport::none>(
       OutputWriter(out),
       mixture_from_td(temp, dens, saturated_liquid(temp), saturated_vapour(temp)));
-  ierr = code_of_td_mixture(out);
+  ierr = code_of_mixture(status::td_two_phase, out);
 }
 
 /// All states: limits and phase are decided as documented.

@@ -16,7 +16,7 @@ void finish_mixture(const double temp, const double entr, const SaturatedPhase<d
                     const OutputSets out) noexcept {
   write_mixture<MixtureTransport::none>(OutputWriter(out),
                                         mixture_from_caloric<Entropy>(temp, entr, liq, vap));
-  ierr = code_of_ts_mixture(out);
+  ierr = code_of_mixture(status::ts_two_phase, out);
 }
 
 /// All states: limits and phase are decided as documented.

@@ -32,14 +32,6 @@ struct DensityCodes {
   std::int32_t two_phase;
 };
 
-/// The code of a mixture, by what is asked for.
-template <class Pair>
-[[nodiscard, gnu::always_inline]] inline std::int32_t code_of_density_mixture(
-    const OutputSets out) noexcept {
-  return wants_single_phase(out) || wants_transport(out.state) ? Pair::codes.two_phase
-                                                               : status::success;
-}
-
 /// Which states take the common road, as one phase or as a mixture.
 template <class V>
 struct DensityPlace {

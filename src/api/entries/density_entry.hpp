@@ -36,7 +36,7 @@ void finish_density_mixture(const double temp, const double dens, const Saturate
                             const SaturatedPhase<double>& vap, std::int32_t& ierr,
                             const OutputSets out) noexcept {
   write_mixture<MixtureTransport::none>(OutputWriter(out), mixture_from_td(temp, dens, liq, vap));
-  ierr = code_of_density_mixture<Pair>(out);
+  ierr = code_of_mixture(Pair::codes.two_phase, out);
 }
 
 /// All states: limits and phase are decided as documented, and the iteration goes on until it meets

@@ -16,13 +16,6 @@
 
 namespace co2_properties {
 
-/// The code of a mixture, by what is asked for.
-[[nodiscard, gnu::always_inline]] inline std::int32_t code_of_hs_mixture(
-    const OutputSets out) noexcept {
-  return wants_single_phase(out) || wants_transport(out.state) ? status::hs_two_phase
-                                                               : status::success;
-}
-
 /// Which states take the common road, as one phase or as a mixture.
 template <class V>
 struct HsPlace {

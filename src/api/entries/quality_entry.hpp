@@ -16,7 +16,7 @@ void run_quality(const double given, const double qual, std::int32_t& ierr,
   if (!(qual == qual)) return fail(Pair::codes.line.not_a_number, ierr, out);
   const auto state = Given::state(given, TieLine<double>::at);
   write_mixture_of_quality<Pair>(OutputWriter(out), state.temp, qual, state.line);
-  ierr = code_of_quality_mixture<Pair>(out);
+  ierr = code_of_mixture(Pair::codes.two_phase, out);
 }
 
 }  // namespace co2_properties

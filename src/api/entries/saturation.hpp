@@ -158,12 +158,4 @@ template <class Pair, class V>
                                         mixture_from_quality<V>(temp, qual, line.liq, line.vap));
 }
 
-/// The code of a mixture, by what is asked for.
-template <class Pair>
-[[nodiscard, gnu::always_inline]] inline std::int32_t code_of_quality_mixture(
-    const OutputSets out) noexcept {
-  return wants_single_phase(out) || wants_transport(out.state) ? Pair::codes.two_phase
-                                                               : status::success;
-}
-
 }  // namespace co2_properties

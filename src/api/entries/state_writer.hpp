@@ -212,6 +212,16 @@ enum class MixtureTransport {
   weighted_phases,  ///< those of the phases weighted by quality
 };
 
+/// The code of a mixture, by what is asked for.
+/// \param two_phase  the warning that something has no value in two phases
+template <MixtureTransport transport = MixtureTransport::none>
+[[nodiscard, gnu::always_inline]] inline std::int32_t code_of_mixture(
+    const std::int32_t two_phase, const OutputSets out) noexcept {
+  const bool missing = wants_single_phase(out) ||
+                       (transport == MixtureTransport::none && wants_transport(out.state));
+  return missing ? two_phase : 0;
+}
+
 /// Writes mixtures of saturated liquid and vapour: the pressure of the vapour, energies and entropy
 /// weighted by quality, and +0.0 for everything that has no value in two phases.
 template <MixtureTransport transport, class V>

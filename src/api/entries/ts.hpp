@@ -13,13 +13,6 @@
 
 namespace co2_properties {
 
-/// The code of a mixture, by what is asked for.
-[[nodiscard, gnu::always_inline]] inline std::int32_t code_of_ts_mixture(
-    const OutputSets out) noexcept {
-  return wants_single_phase(out) || wants_transport(out.state) ? status::ts_two_phase
-                                                               : status::success;
-}
-
 /// Which states take the common road, as one phase or as a mixture.
 template <class V>
 struct TsPlace {
