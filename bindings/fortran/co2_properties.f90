@@ -8,8 +8,8 @@
 !   if (ierr > 0) print *, trim(co2_error_message(ierr))
 !
 ! Each entry takes two inputs, a status and any subset of nineteen outputs by position or keyword.
-! An output that is absent is neither computed nor written. With arrays of rank 1 in place of all the
-! scalars the same call serves many states.
+! An output that is absent is neither computed nor written. With arrays of rank 1, 2 or 3 the same call
+! serves many states; an input that all of them share may remain a scalar.
 !
 ! Units: temperature K, pressure kPa, density kg/m3, energies kJ/kg, entropy and heat capacities
 ! kJ/(kg K), speed of sound m/s, viscosity uPa s, thermal conductivity W/(m K).
@@ -21,8 +21,8 @@
 !
 ! The module only describes the C interface of the library; nothing is computed in it.
 module co2_properties
-  use, intrinsic :: iso_c_binding, only: c_char, c_double, c_int32_t, c_intptr_t, c_loc, &
-    c_null_ptr, c_ptr, c_ptrdiff_t, c_size_t
+  use, intrinsic :: iso_c_binding, only: c_associated, c_char, c_double, c_int32_t, c_intptr_t, &
+    c_loc, c_null_ptr, c_ptr, c_ptrdiff_t, c_size_t
   implicit none
   private
 
@@ -56,14 +56,10 @@ module co2_properties
     real(c_double) :: a, a_t, a_d, a_tt, a_dd, a_td
   end type
 
-  ! co2_inputs, co2_outputs and co2_codes of the C interface, and co2_batch_output_set.
+  ! co2_inputs, co2_outputs and co2_codes of the C interface.
   type, bind(c) :: strided
     type(c_ptr) :: first = c_null_ptr
     integer(c_ptrdiff_t) :: stride = 1
-  end type
-  type, bind(c) :: batch_outputs
-    type(strided) :: temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
-      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
   end type
 
   !> The values of all derivatives of a state.
@@ -119,9 +115,25 @@ module co2_properties
     type(c_ptr) :: liq_derivatives = c_null_ptr, vap_derivatives = c_null_ptr
   end type
   type, bind(c) :: saturation_outputs
-    type(strided) :: liq(output_count), vap(output_count)
-    type(strided) :: latent_heat, dpdt_sat
+    type(strided) :: of_phases_and_line(2*output_count + 2)
     type(c_ptr) :: liq_derivatives = c_null_ptr, vap_derivatives = c_null_ptr
+  end type
+
+  ! The arrays of a call: where each begins, and by how many bytes neighbours along each dimension are
+  ! apart. Nothing is apart in a scalar, which serves all states, nor in what is absent.
+  integer, parameter :: at_first = 1, at_second = 2, at_codes = 3, at_outputs = 4
+  integer, parameter :: at_derivatives = at_outputs + output_count
+  integer, parameter :: at_liq = at_outputs, at_vap = at_liq + output_count
+  integer, parameter :: at_line = at_vap + output_count
+  integer, parameter :: at_liq_derivatives = at_line + 2
+  integer, parameter :: at_vap_derivatives = at_liq_derivatives + derivative_count
+  integer, parameter :: field_count = at_vap_derivatives + derivative_count - 1
+  type :: fields
+    integer :: rank = 0
+    integer(c_size_t) :: extent(3) = 1
+    logical :: agree = .true.
+    type(c_ptr) :: first(field_count) = c_null_ptr
+    integer(c_ptrdiff_t) :: apart(3, field_count) = 0
   end type
 
   ! ---- State entries ---------------------------------------------------------------------------
@@ -134,13 +146,17 @@ module co2_properties
   ! by density at constant temperature and by temperature at constant density, kPa m3/kg and kPa/K;
   ! dhdd, dhdt of the enthalpy; dsdd, dsdt of the entropy.
   !
-  ! The forms for arrays do the same for each element, to the bit. All arrays have the same size;
-  ! sections with any stride are used in place. An optional argument ok, the last one, tells whether
-  ! the sizes agree; if they do not, nothing is written and, without ok, the program stops.
+  ! The forms for arrays do the same for each element, to the bit. ierr decides: inputs and outputs have
+  ! its shape, but an input may be a scalar, which serves all states. Sections with any stride are used
+  ! in place. An optional argument ok, the last one, tells whether the shapes agree; if they do not,
+  ! nothing is written and, without ok, the program stops.
+  !
+  ! These forms leave the rank of all but ierr open (dimension(..)): one procedure then serves scalars
+  ! beside arrays, and no descriptors are made anew, which would take four times the code.
   !
   ! Each entry has a sister co2_..._derivatives, which takes a co2_derivatives before the outputs, or
   ! an array of them, and fills all of its members. The array is intent(inout), since its members have
-  ! initial values, which intent(out) would write even where the sizes disagree.
+  ! initial values, which intent(out) would write even where the shapes disagree.
 
   ! entries: begin, written by scripts/generate_entries
   !> State from temperature, K, and density, kg/m3.
@@ -155,10 +171,11 @@ module co2_properties
         temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
         ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
     end subroutine
-    module procedure co2_td_states
+    module procedure co2_td_rank1, co2_td_rank2, co2_td_rank3
   end interface
   interface co2_td_derivatives
-    module procedure co2_td_state_derivatives, co2_td_states_derivatives
+    module procedure co2_td_with_rank0, co2_td_with_rank1, co2_td_with_rank2, &
+      co2_td_with_rank3
   end interface
 
   !> State from temperature, K, and pressure, kPa.
@@ -173,10 +190,11 @@ module co2_properties
         temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
         ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
     end subroutine
-    module procedure co2_tp_states
+    module procedure co2_tp_rank1, co2_tp_rank2, co2_tp_rank3
   end interface
   interface co2_tp_derivatives
-    module procedure co2_tp_state_derivatives, co2_tp_states_derivatives
+    module procedure co2_tp_with_rank0, co2_tp_with_rank1, co2_tp_with_rank2, &
+      co2_tp_with_rank3
   end interface
 
   !> State from pressure, kPa, and specific enthalpy, kJ/kg.
@@ -191,10 +209,11 @@ module co2_properties
         temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
         ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
     end subroutine
-    module procedure co2_ph_states
+    module procedure co2_ph_rank1, co2_ph_rank2, co2_ph_rank3
   end interface
   interface co2_ph_derivatives
-    module procedure co2_ph_state_derivatives, co2_ph_states_derivatives
+    module procedure co2_ph_with_rank0, co2_ph_with_rank1, co2_ph_with_rank2, &
+      co2_ph_with_rank3
   end interface
 
   !> State from pressure, kPa, and specific entropy, kJ/(kg K).
@@ -209,10 +228,11 @@ module co2_properties
         temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
         ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
     end subroutine
-    module procedure co2_ps_states
+    module procedure co2_ps_rank1, co2_ps_rank2, co2_ps_rank3
   end interface
   interface co2_ps_derivatives
-    module procedure co2_ps_state_derivatives, co2_ps_states_derivatives
+    module procedure co2_ps_with_rank0, co2_ps_with_rank1, co2_ps_with_rank2, &
+      co2_ps_with_rank3
   end interface
 
   !> State from density, kg/m3, and specific internal energy, kJ/kg.
@@ -227,10 +247,11 @@ module co2_properties
         temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
         ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
     end subroutine
-    module procedure co2_du_states
+    module procedure co2_du_rank1, co2_du_rank2, co2_du_rank3
   end interface
   interface co2_du_derivatives
-    module procedure co2_du_state_derivatives, co2_du_states_derivatives
+    module procedure co2_du_with_rank0, co2_du_with_rank1, co2_du_with_rank2, &
+      co2_du_with_rank3
   end interface
 
   !> State from density, kg/m3, and specific enthalpy, kJ/kg.
@@ -245,10 +266,11 @@ module co2_properties
         temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
         ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
     end subroutine
-    module procedure co2_dh_states
+    module procedure co2_dh_rank1, co2_dh_rank2, co2_dh_rank3
   end interface
   interface co2_dh_derivatives
-    module procedure co2_dh_state_derivatives, co2_dh_states_derivatives
+    module procedure co2_dh_with_rank0, co2_dh_with_rank1, co2_dh_with_rank2, &
+      co2_dh_with_rank3
   end interface
 
   !> State from density, kg/m3, and specific entropy, kJ/(kg K).
@@ -263,10 +285,11 @@ module co2_properties
         temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
         ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
     end subroutine
-    module procedure co2_ds_states
+    module procedure co2_ds_rank1, co2_ds_rank2, co2_ds_rank3
   end interface
   interface co2_ds_derivatives
-    module procedure co2_ds_state_derivatives, co2_ds_states_derivatives
+    module procedure co2_ds_with_rank0, co2_ds_with_rank1, co2_ds_with_rank2, &
+      co2_ds_with_rank3
   end interface
 
   !> State from density, kg/m3, and pressure, kPa.
@@ -281,10 +304,11 @@ module co2_properties
         temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
         ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
     end subroutine
-    module procedure co2_dp_states
+    module procedure co2_dp_rank1, co2_dp_rank2, co2_dp_rank3
   end interface
   interface co2_dp_derivatives
-    module procedure co2_dp_state_derivatives, co2_dp_states_derivatives
+    module procedure co2_dp_with_rank0, co2_dp_with_rank1, co2_dp_with_rank2, &
+      co2_dp_with_rank3
   end interface
 
   !> State from specific enthalpy, kJ/kg, and specific entropy, kJ/(kg K).
@@ -299,10 +323,11 @@ module co2_properties
         temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
         ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
     end subroutine
-    module procedure co2_hs_states
+    module procedure co2_hs_rank1, co2_hs_rank2, co2_hs_rank3
   end interface
   interface co2_hs_derivatives
-    module procedure co2_hs_state_derivatives, co2_hs_states_derivatives
+    module procedure co2_hs_with_rank0, co2_hs_with_rank1, co2_hs_with_rank2, &
+      co2_hs_with_rank3
   end interface
 
   !> State from pressure, kPa, and specific internal energy, kJ/kg.
@@ -317,10 +342,11 @@ module co2_properties
         temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
         ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
     end subroutine
-    module procedure co2_pu_states
+    module procedure co2_pu_rank1, co2_pu_rank2, co2_pu_rank3
   end interface
   interface co2_pu_derivatives
-    module procedure co2_pu_state_derivatives, co2_pu_states_derivatives
+    module procedure co2_pu_with_rank0, co2_pu_with_rank1, co2_pu_with_rank2, &
+      co2_pu_with_rank3
   end interface
 
   !> State from temperature, K, and specific entropy, kJ/(kg K).
@@ -335,10 +361,11 @@ module co2_properties
         temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
         ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
     end subroutine
-    module procedure co2_ts_states
+    module procedure co2_ts_rank1, co2_ts_rank2, co2_ts_rank3
   end interface
   interface co2_ts_derivatives
-    module procedure co2_ts_state_derivatives, co2_ts_states_derivatives
+    module procedure co2_ts_with_rank0, co2_ts_with_rank1, co2_ts_with_rank2, &
+      co2_ts_with_rank3
   end interface
 
   !> State from temperature, K, and vapour mass fraction (998, 999: supercritical), -.
@@ -353,10 +380,11 @@ module co2_properties
         temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
         ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
     end subroutine
-    module procedure co2_tx_states
+    module procedure co2_tx_rank1, co2_tx_rank2, co2_tx_rank3
   end interface
   interface co2_tx_derivatives
-    module procedure co2_tx_state_derivatives, co2_tx_states_derivatives
+    module procedure co2_tx_with_rank0, co2_tx_with_rank1, co2_tx_with_rank2, &
+      co2_tx_with_rank3
   end interface
 
   !> State from pressure, kPa, and vapour mass fraction (998, 999: supercritical), -.
@@ -371,278 +399,81 @@ module co2_properties
         temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
         ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
     end subroutine
-    module procedure co2_px_states
+    module procedure co2_px_rank1, co2_px_rank2, co2_px_rank3
   end interface
   interface co2_px_derivatives
-    module procedure co2_px_state_derivatives, co2_px_states_derivatives
+    module procedure co2_px_with_rank0, co2_px_with_rank1, co2_px_with_rank2, &
+      co2_px_with_rank3
   end interface
 
   ! entries: end
 
-  interface
-    ! entries: begin, written by scripts/generate_entries
-    subroutine co2_td_batch(count, temp_in, dens_in, ierr, out) bind(c)
-      import :: batch_outputs, c_size_t, strided
-      integer(c_size_t), intent(in) :: count
-      type(strided), intent(in) :: temp_in, dens_in, ierr
-      type(batch_outputs), intent(in) :: out
-    end subroutine
-    subroutine c_td_derivatives(temp_in, dens_in, ierr, out, derivatives) &
-      bind(c, name="co2_td_derivatives")
+  ! The same in C, for one state and for many.
+  abstract interface
+    subroutine state_derivatives(first_in, second_in, ierr, out, derivatives) bind(c)
       import :: c_double, c_int32_t, c_ptr
-      real(c_double), intent(in) :: temp_in, dens_in
+      real(c_double), intent(in) :: first_in, second_in
       integer(c_int32_t), intent(out) :: ierr
       type(c_ptr), intent(in) :: out(*), derivatives(*)
     end subroutine
-    subroutine co2_td_batch_derivatives(count, temp_in, dens_in, ierr, out, derivatives) bind(c)
-      import :: batch_outputs, c_size_t, strided
+    subroutine batch(count, first_in, second_in, ierr, out) bind(c)
+      import :: c_size_t, strided
       integer(c_size_t), intent(in) :: count
-      type(strided), intent(in) :: temp_in, dens_in, ierr
-      type(batch_outputs), intent(in) :: out
-      type(strided), intent(in) :: derivatives(*)
+      type(strided), intent(in) :: first_in, second_in, ierr, out(*)
     end subroutine
-    subroutine co2_tp_batch(count, temp_in, pres_in, ierr, out) bind(c)
-      import :: batch_outputs, c_size_t, strided
+    subroutine batch_derivatives(count, first_in, second_in, ierr, out, derivatives) bind(c)
+      import :: c_size_t, strided
       integer(c_size_t), intent(in) :: count
-      type(strided), intent(in) :: temp_in, pres_in, ierr
-      type(batch_outputs), intent(in) :: out
+      type(strided), intent(in) :: first_in, second_in, ierr, out(*), derivatives(*)
     end subroutine
-    subroutine c_tp_derivatives(temp_in, pres_in, ierr, out, derivatives) &
-      bind(c, name="co2_tp_derivatives")
-      import :: c_double, c_int32_t, c_ptr
-      real(c_double), intent(in) :: temp_in, pres_in
-      integer(c_int32_t), intent(out) :: ierr
-      type(c_ptr), intent(in) :: out(*), derivatives(*)
-    end subroutine
-    subroutine co2_tp_batch_derivatives(count, temp_in, pres_in, ierr, out, derivatives) bind(c)
-      import :: batch_outputs, c_size_t, strided
+    subroutine saturation_batch(count, given, ierr, out) bind(c)
+      import :: c_size_t, saturation_outputs, strided
       integer(c_size_t), intent(in) :: count
-      type(strided), intent(in) :: temp_in, pres_in, ierr
-      type(batch_outputs), intent(in) :: out
-      type(strided), intent(in) :: derivatives(*)
+      type(strided), intent(in) :: given, ierr
+      type(saturation_outputs), intent(in) :: out
     end subroutine
-    subroutine co2_ph_batch(count, pres_in, enth_in, ierr, out) bind(c)
-      import :: batch_outputs, c_size_t, strided
-      integer(c_size_t), intent(in) :: count
-      type(strided), intent(in) :: pres_in, enth_in, ierr
-      type(batch_outputs), intent(in) :: out
-    end subroutine
-    subroutine c_ph_derivatives(pres_in, enth_in, ierr, out, derivatives) &
-      bind(c, name="co2_ph_derivatives")
-      import :: c_double, c_int32_t, c_ptr
-      real(c_double), intent(in) :: pres_in, enth_in
-      integer(c_int32_t), intent(out) :: ierr
-      type(c_ptr), intent(in) :: out(*), derivatives(*)
-    end subroutine
-    subroutine co2_ph_batch_derivatives(count, pres_in, enth_in, ierr, out, derivatives) bind(c)
-      import :: batch_outputs, c_size_t, strided
-      integer(c_size_t), intent(in) :: count
-      type(strided), intent(in) :: pres_in, enth_in, ierr
-      type(batch_outputs), intent(in) :: out
-      type(strided), intent(in) :: derivatives(*)
-    end subroutine
-    subroutine co2_ps_batch(count, pres_in, entr_in, ierr, out) bind(c)
-      import :: batch_outputs, c_size_t, strided
-      integer(c_size_t), intent(in) :: count
-      type(strided), intent(in) :: pres_in, entr_in, ierr
-      type(batch_outputs), intent(in) :: out
-    end subroutine
-    subroutine c_ps_derivatives(pres_in, entr_in, ierr, out, derivatives) &
-      bind(c, name="co2_ps_derivatives")
-      import :: c_double, c_int32_t, c_ptr
-      real(c_double), intent(in) :: pres_in, entr_in
-      integer(c_int32_t), intent(out) :: ierr
-      type(c_ptr), intent(in) :: out(*), derivatives(*)
-    end subroutine
-    subroutine co2_ps_batch_derivatives(count, pres_in, entr_in, ierr, out, derivatives) bind(c)
-      import :: batch_outputs, c_size_t, strided
-      integer(c_size_t), intent(in) :: count
-      type(strided), intent(in) :: pres_in, entr_in, ierr
-      type(batch_outputs), intent(in) :: out
-      type(strided), intent(in) :: derivatives(*)
-    end subroutine
-    subroutine co2_du_batch(count, dens_in, inte_in, ierr, out) bind(c)
-      import :: batch_outputs, c_size_t, strided
-      integer(c_size_t), intent(in) :: count
-      type(strided), intent(in) :: dens_in, inte_in, ierr
-      type(batch_outputs), intent(in) :: out
-    end subroutine
-    subroutine c_du_derivatives(dens_in, inte_in, ierr, out, derivatives) &
-      bind(c, name="co2_du_derivatives")
-      import :: c_double, c_int32_t, c_ptr
-      real(c_double), intent(in) :: dens_in, inte_in
-      integer(c_int32_t), intent(out) :: ierr
-      type(c_ptr), intent(in) :: out(*), derivatives(*)
-    end subroutine
-    subroutine co2_du_batch_derivatives(count, dens_in, inte_in, ierr, out, derivatives) bind(c)
-      import :: batch_outputs, c_size_t, strided
-      integer(c_size_t), intent(in) :: count
-      type(strided), intent(in) :: dens_in, inte_in, ierr
-      type(batch_outputs), intent(in) :: out
-      type(strided), intent(in) :: derivatives(*)
-    end subroutine
-    subroutine co2_dh_batch(count, dens_in, enth_in, ierr, out) bind(c)
-      import :: batch_outputs, c_size_t, strided
-      integer(c_size_t), intent(in) :: count
-      type(strided), intent(in) :: dens_in, enth_in, ierr
-      type(batch_outputs), intent(in) :: out
-    end subroutine
-    subroutine c_dh_derivatives(dens_in, enth_in, ierr, out, derivatives) &
-      bind(c, name="co2_dh_derivatives")
-      import :: c_double, c_int32_t, c_ptr
-      real(c_double), intent(in) :: dens_in, enth_in
-      integer(c_int32_t), intent(out) :: ierr
-      type(c_ptr), intent(in) :: out(*), derivatives(*)
-    end subroutine
-    subroutine co2_dh_batch_derivatives(count, dens_in, enth_in, ierr, out, derivatives) bind(c)
-      import :: batch_outputs, c_size_t, strided
-      integer(c_size_t), intent(in) :: count
-      type(strided), intent(in) :: dens_in, enth_in, ierr
-      type(batch_outputs), intent(in) :: out
-      type(strided), intent(in) :: derivatives(*)
-    end subroutine
-    subroutine co2_ds_batch(count, dens_in, entr_in, ierr, out) bind(c)
-      import :: batch_outputs, c_size_t, strided
-      integer(c_size_t), intent(in) :: count
-      type(strided), intent(in) :: dens_in, entr_in, ierr
-      type(batch_outputs), intent(in) :: out
-    end subroutine
-    subroutine c_ds_derivatives(dens_in, entr_in, ierr, out, derivatives) &
-      bind(c, name="co2_ds_derivatives")
-      import :: c_double, c_int32_t, c_ptr
-      real(c_double), intent(in) :: dens_in, entr_in
-      integer(c_int32_t), intent(out) :: ierr
-      type(c_ptr), intent(in) :: out(*), derivatives(*)
-    end subroutine
-    subroutine co2_ds_batch_derivatives(count, dens_in, entr_in, ierr, out, derivatives) bind(c)
-      import :: batch_outputs, c_size_t, strided
-      integer(c_size_t), intent(in) :: count
-      type(strided), intent(in) :: dens_in, entr_in, ierr
-      type(batch_outputs), intent(in) :: out
-      type(strided), intent(in) :: derivatives(*)
-    end subroutine
-    subroutine co2_dp_batch(count, dens_in, pres_in, ierr, out) bind(c)
-      import :: batch_outputs, c_size_t, strided
-      integer(c_size_t), intent(in) :: count
-      type(strided), intent(in) :: dens_in, pres_in, ierr
-      type(batch_outputs), intent(in) :: out
-    end subroutine
-    subroutine c_dp_derivatives(dens_in, pres_in, ierr, out, derivatives) &
-      bind(c, name="co2_dp_derivatives")
-      import :: c_double, c_int32_t, c_ptr
-      real(c_double), intent(in) :: dens_in, pres_in
-      integer(c_int32_t), intent(out) :: ierr
-      type(c_ptr), intent(in) :: out(*), derivatives(*)
-    end subroutine
-    subroutine co2_dp_batch_derivatives(count, dens_in, pres_in, ierr, out, derivatives) bind(c)
-      import :: batch_outputs, c_size_t, strided
-      integer(c_size_t), intent(in) :: count
-      type(strided), intent(in) :: dens_in, pres_in, ierr
-      type(batch_outputs), intent(in) :: out
-      type(strided), intent(in) :: derivatives(*)
-    end subroutine
-    subroutine co2_hs_batch(count, enth_in, entr_in, ierr, out) bind(c)
-      import :: batch_outputs, c_size_t, strided
-      integer(c_size_t), intent(in) :: count
-      type(strided), intent(in) :: enth_in, entr_in, ierr
-      type(batch_outputs), intent(in) :: out
-    end subroutine
-    subroutine c_hs_derivatives(enth_in, entr_in, ierr, out, derivatives) &
-      bind(c, name="co2_hs_derivatives")
-      import :: c_double, c_int32_t, c_ptr
-      real(c_double), intent(in) :: enth_in, entr_in
-      integer(c_int32_t), intent(out) :: ierr
-      type(c_ptr), intent(in) :: out(*), derivatives(*)
-    end subroutine
-    subroutine co2_hs_batch_derivatives(count, enth_in, entr_in, ierr, out, derivatives) bind(c)
-      import :: batch_outputs, c_size_t, strided
-      integer(c_size_t), intent(in) :: count
-      type(strided), intent(in) :: enth_in, entr_in, ierr
-      type(batch_outputs), intent(in) :: out
-      type(strided), intent(in) :: derivatives(*)
-    end subroutine
-    subroutine co2_pu_batch(count, pres_in, inte_in, ierr, out) bind(c)
-      import :: batch_outputs, c_size_t, strided
-      integer(c_size_t), intent(in) :: count
-      type(strided), intent(in) :: pres_in, inte_in, ierr
-      type(batch_outputs), intent(in) :: out
-    end subroutine
-    subroutine c_pu_derivatives(pres_in, inte_in, ierr, out, derivatives) &
-      bind(c, name="co2_pu_derivatives")
-      import :: c_double, c_int32_t, c_ptr
-      real(c_double), intent(in) :: pres_in, inte_in
-      integer(c_int32_t), intent(out) :: ierr
-      type(c_ptr), intent(in) :: out(*), derivatives(*)
-    end subroutine
-    subroutine co2_pu_batch_derivatives(count, pres_in, inte_in, ierr, out, derivatives) bind(c)
-      import :: batch_outputs, c_size_t, strided
-      integer(c_size_t), intent(in) :: count
-      type(strided), intent(in) :: pres_in, inte_in, ierr
-      type(batch_outputs), intent(in) :: out
-      type(strided), intent(in) :: derivatives(*)
-    end subroutine
-    subroutine co2_ts_batch(count, temp_in, entr_in, ierr, out) bind(c)
-      import :: batch_outputs, c_size_t, strided
-      integer(c_size_t), intent(in) :: count
-      type(strided), intent(in) :: temp_in, entr_in, ierr
-      type(batch_outputs), intent(in) :: out
-    end subroutine
-    subroutine c_ts_derivatives(temp_in, entr_in, ierr, out, derivatives) &
-      bind(c, name="co2_ts_derivatives")
-      import :: c_double, c_int32_t, c_ptr
-      real(c_double), intent(in) :: temp_in, entr_in
-      integer(c_int32_t), intent(out) :: ierr
-      type(c_ptr), intent(in) :: out(*), derivatives(*)
-    end subroutine
-    subroutine co2_ts_batch_derivatives(count, temp_in, entr_in, ierr, out, derivatives) bind(c)
-      import :: batch_outputs, c_size_t, strided
-      integer(c_size_t), intent(in) :: count
-      type(strided), intent(in) :: temp_in, entr_in, ierr
-      type(batch_outputs), intent(in) :: out
-      type(strided), intent(in) :: derivatives(*)
-    end subroutine
-    subroutine co2_tx_batch(count, temp_in, qual_in, ierr, out) bind(c)
-      import :: batch_outputs, c_size_t, strided
-      integer(c_size_t), intent(in) :: count
-      type(strided), intent(in) :: temp_in, qual_in, ierr
-      type(batch_outputs), intent(in) :: out
-    end subroutine
-    subroutine c_tx_derivatives(temp_in, qual_in, ierr, out, derivatives) &
-      bind(c, name="co2_tx_derivatives")
-      import :: c_double, c_int32_t, c_ptr
-      real(c_double), intent(in) :: temp_in, qual_in
-      integer(c_int32_t), intent(out) :: ierr
-      type(c_ptr), intent(in) :: out(*), derivatives(*)
-    end subroutine
-    subroutine co2_tx_batch_derivatives(count, temp_in, qual_in, ierr, out, derivatives) bind(c)
-      import :: batch_outputs, c_size_t, strided
-      integer(c_size_t), intent(in) :: count
-      type(strided), intent(in) :: temp_in, qual_in, ierr
-      type(batch_outputs), intent(in) :: out
-      type(strided), intent(in) :: derivatives(*)
-    end subroutine
-    subroutine co2_px_batch(count, pres_in, qual_in, ierr, out) bind(c)
-      import :: batch_outputs, c_size_t, strided
-      integer(c_size_t), intent(in) :: count
-      type(strided), intent(in) :: pres_in, qual_in, ierr
-      type(batch_outputs), intent(in) :: out
-    end subroutine
-    subroutine c_px_derivatives(pres_in, qual_in, ierr, out, derivatives) &
-      bind(c, name="co2_px_derivatives")
-      import :: c_double, c_int32_t, c_ptr
-      real(c_double), intent(in) :: pres_in, qual_in
-      integer(c_int32_t), intent(out) :: ierr
-      type(c_ptr), intent(in) :: out(*), derivatives(*)
-    end subroutine
-    subroutine co2_px_batch_derivatives(count, pres_in, qual_in, ierr, out, derivatives) bind(c)
-      import :: batch_outputs, c_size_t, strided
-      integer(c_size_t), intent(in) :: count
-      type(strided), intent(in) :: pres_in, qual_in, ierr
-      type(batch_outputs), intent(in) :: out
-      type(strided), intent(in) :: derivatives(*)
-    end subroutine
-    ! entries: end
   end interface
+  ! entries: begin, written by scripts/generate_entries
+  procedure(batch), bind(c) :: co2_td_batch
+  procedure(state_derivatives), bind(c, name="co2_td_derivatives") :: c_td_derivatives
+  procedure(batch_derivatives), bind(c) :: co2_td_batch_derivatives
+  procedure(batch), bind(c) :: co2_tp_batch
+  procedure(state_derivatives), bind(c, name="co2_tp_derivatives") :: c_tp_derivatives
+  procedure(batch_derivatives), bind(c) :: co2_tp_batch_derivatives
+  procedure(batch), bind(c) :: co2_ph_batch
+  procedure(state_derivatives), bind(c, name="co2_ph_derivatives") :: c_ph_derivatives
+  procedure(batch_derivatives), bind(c) :: co2_ph_batch_derivatives
+  procedure(batch), bind(c) :: co2_ps_batch
+  procedure(state_derivatives), bind(c, name="co2_ps_derivatives") :: c_ps_derivatives
+  procedure(batch_derivatives), bind(c) :: co2_ps_batch_derivatives
+  procedure(batch), bind(c) :: co2_du_batch
+  procedure(state_derivatives), bind(c, name="co2_du_derivatives") :: c_du_derivatives
+  procedure(batch_derivatives), bind(c) :: co2_du_batch_derivatives
+  procedure(batch), bind(c) :: co2_dh_batch
+  procedure(state_derivatives), bind(c, name="co2_dh_derivatives") :: c_dh_derivatives
+  procedure(batch_derivatives), bind(c) :: co2_dh_batch_derivatives
+  procedure(batch), bind(c) :: co2_ds_batch
+  procedure(state_derivatives), bind(c, name="co2_ds_derivatives") :: c_ds_derivatives
+  procedure(batch_derivatives), bind(c) :: co2_ds_batch_derivatives
+  procedure(batch), bind(c) :: co2_dp_batch
+  procedure(state_derivatives), bind(c, name="co2_dp_derivatives") :: c_dp_derivatives
+  procedure(batch_derivatives), bind(c) :: co2_dp_batch_derivatives
+  procedure(batch), bind(c) :: co2_hs_batch
+  procedure(state_derivatives), bind(c, name="co2_hs_derivatives") :: c_hs_derivatives
+  procedure(batch_derivatives), bind(c) :: co2_hs_batch_derivatives
+  procedure(batch), bind(c) :: co2_pu_batch
+  procedure(state_derivatives), bind(c, name="co2_pu_derivatives") :: c_pu_derivatives
+  procedure(batch_derivatives), bind(c) :: co2_pu_batch_derivatives
+  procedure(batch), bind(c) :: co2_ts_batch
+  procedure(state_derivatives), bind(c, name="co2_ts_derivatives") :: c_ts_derivatives
+  procedure(batch_derivatives), bind(c) :: co2_ts_batch_derivatives
+  procedure(batch), bind(c) :: co2_tx_batch
+  procedure(state_derivatives), bind(c, name="co2_tx_derivatives") :: c_tx_derivatives
+  procedure(batch_derivatives), bind(c) :: co2_tx_batch_derivatives
+  procedure(batch), bind(c) :: co2_px_batch
+  procedure(state_derivatives), bind(c, name="co2_px_derivatives") :: c_px_derivatives
+  procedure(batch_derivatives), bind(c) :: co2_px_batch_derivatives
+  ! entries: end
 
   ! ---- Saturation --------------------------------------------------------------------------------
 
@@ -650,7 +481,7 @@ module co2_properties
   !> dpdt_sat, liq_derivatives, vap_derivatives). liq and vap are of type co2_state, the derivatives
   !> of type co2_derivatives, all members are filled; latent_heat is the enthalpy of vaporization,
   !> kJ/kg, dpdt_sat the slope of the saturation line, kPa/K. All six are optional, all may be arrays
-  !> of one size.
+  !> of rank 1 and one size.
   interface co2_sat_t
     module procedure co2_sat_t_state, co2_sat_t_states
   end interface
@@ -660,6 +491,7 @@ module co2_properties
     module procedure co2_sat_p_state, co2_sat_p_states
   end interface
 
+  procedure(saturation_batch), bind(c) :: co2_sat_t_batch, co2_sat_p_batch
   interface
     subroutine c_sat_t(temp_in, ierr, out) bind(c, name="co2_sat_t")
       import :: c_double, c_int32_t, saturation_output
@@ -667,23 +499,11 @@ module co2_properties
       integer(c_int32_t), intent(out) :: ierr
       type(saturation_output), intent(in) :: out
     end subroutine
-    subroutine co2_sat_t_batch(count, temp_in, ierr, out) bind(c)
-      import :: c_size_t, saturation_outputs, strided
-      integer(c_size_t), intent(in) :: count
-      type(strided), intent(in) :: temp_in, ierr
-      type(saturation_outputs), intent(in) :: out
-    end subroutine
     subroutine c_sat_p(pres_in, ierr, out) bind(c, name="co2_sat_p")
       import :: c_double, c_int32_t, saturation_output
       real(c_double), intent(in) :: pres_in
       integer(c_int32_t), intent(out) :: ierr
       type(saturation_output), intent(in) :: out
-    end subroutine
-    subroutine co2_sat_p_batch(count, pres_in, ierr, out) bind(c)
-      import :: c_size_t, saturation_outputs, strided
-      integer(c_size_t), intent(in) :: count
-      type(strided), intent(in) :: pres_in, ierr
-      type(saturation_outputs), intent(in) :: out
     end subroutine
   end interface
 
@@ -868,28 +688,7 @@ contains
   end function
 
   ! entries: begin, written by scripts/generate_entries
-  subroutine co2_td_states(temp_in, dens_in, ierr, &
-      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
-      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
-    real(c_double), intent(in), target :: temp_in(:), dens_in(:)
-    integer(c_int32_t), intent(out), target :: ierr(:)
-    real(c_double), intent(out), optional, target, dimension(:) :: &
-      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
-      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
-    logical, intent(out), optional :: ok
-    type(batch_outputs) :: out
-    integer(c_size_t) :: count
-    logical :: agree
-    count = size(temp_in, kind=c_size_t)
-    agree = size(dens_in, kind=c_size_t) == count .and. size(ierr, kind=c_size_t) == count
-    call collect(out, agree, count, &
-      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
-      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
-    if (.not. agrees(agree, ok)) return
-    call co2_td_batch(count, inputs(temp_in), inputs(dens_in), codes(ierr), out)
-  end subroutine
-
-  subroutine co2_td_state_derivatives(temp_in, dens_in, ierr, derivatives, &
+  subroutine co2_td_with_rank0(temp_in, dens_in, ierr, derivatives, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
     real(c_double), intent(in) :: temp_in, dens_in
@@ -906,53 +705,109 @@ contains
       slots_of(c_loc(derivatives), derivative_count))
   end subroutine
 
-  subroutine co2_td_states_derivatives(temp_in, dens_in, ierr, derivatives, &
+  subroutine co2_td_rank1(temp_in, dens_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
-    real(c_double), intent(in), target :: temp_in(:), dens_in(:)
+    real(c_double), intent(in), target :: temp_in(..), dens_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(fields) :: arrays
+    call collect(arrays, temp_in, dens_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call solve(arrays, ok, co2_td_batch)
+  end subroutine
+
+  subroutine co2_td_with_rank1(temp_in, dens_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: temp_in(..), dens_in(..)
     integer(c_int32_t), intent(out), target :: ierr(:)
     type(co2_derivatives), intent(inout), target :: derivatives(:)
-    real(c_double), intent(out), optional, target, dimension(:) :: &
+    real(c_double), intent(out), optional, target, dimension(..) :: &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
     logical, intent(out), optional :: ok
-    type(batch_outputs) :: out
-    type(strided) :: slots(derivative_count)
-    integer(c_size_t) :: count
-    logical :: agree
-    count = size(temp_in, kind=c_size_t)
-    agree = size(dens_in, kind=c_size_t) == count .and. size(ierr, kind=c_size_t) == count
-    call collect(out, agree, count, &
+    type(fields) :: arrays
+    call collect(arrays, temp_in, dens_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
-    call collect_derivatives(slots, agree, count, derivatives)
-    if (.not. agrees(agree, ok)) return
-    call co2_td_batch_derivatives(count, inputs(temp_in), inputs(dens_in), codes(ierr), &
-      out, slots)
+    call place_derivatives(arrays, at_derivatives, derivatives)
+    call solve(arrays, ok, with_derivatives=co2_td_batch_derivatives)
   end subroutine
 
-  subroutine co2_tp_states(temp_in, pres_in, ierr, &
+  subroutine co2_td_rank2(temp_in, dens_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
-    real(c_double), intent(in), target :: temp_in(:), pres_in(:)
-    integer(c_int32_t), intent(out), target :: ierr(:)
-    real(c_double), intent(out), optional, target, dimension(:) :: &
+    real(c_double), intent(in), target :: temp_in(..), dens_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:, :)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
     logical, intent(out), optional :: ok
-    type(batch_outputs) :: out
-    integer(c_size_t) :: count
-    logical :: agree
-    count = size(temp_in, kind=c_size_t)
-    agree = size(pres_in, kind=c_size_t) == count .and. size(ierr, kind=c_size_t) == count
-    call collect(out, agree, count, &
+    type(fields) :: arrays
+    call collect(arrays, temp_in, dens_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
-    if (.not. agrees(agree, ok)) return
-    call co2_tp_batch(count, inputs(temp_in), inputs(pres_in), codes(ierr), out)
+    call solve(arrays, ok, co2_td_batch)
   end subroutine
 
-  subroutine co2_tp_state_derivatives(temp_in, pres_in, ierr, derivatives, &
+  subroutine co2_td_with_rank2(temp_in, dens_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: temp_in(..), dens_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:, :)
+    type(co2_derivatives), intent(inout), target :: derivatives(:, :)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(fields) :: arrays
+    call collect(arrays, temp_in, dens_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call place_derivatives(arrays, at_derivatives, derivatives)
+    call solve(arrays, ok, with_derivatives=co2_td_batch_derivatives)
+  end subroutine
+
+  subroutine co2_td_rank3(temp_in, dens_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: temp_in(..), dens_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:, :, :)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(fields) :: arrays
+    call collect(arrays, temp_in, dens_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call solve(arrays, ok, co2_td_batch)
+  end subroutine
+
+  subroutine co2_td_with_rank3(temp_in, dens_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: temp_in(..), dens_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:, :, :)
+    type(co2_derivatives), intent(inout), target :: derivatives(:, :, :)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(fields) :: arrays
+    call collect(arrays, temp_in, dens_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call place_derivatives(arrays, at_derivatives, derivatives)
+    call solve(arrays, ok, with_derivatives=co2_td_batch_derivatives)
+  end subroutine
+
+  subroutine co2_tp_with_rank0(temp_in, pres_in, ierr, derivatives, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
     real(c_double), intent(in) :: temp_in, pres_in
@@ -969,53 +824,109 @@ contains
       slots_of(c_loc(derivatives), derivative_count))
   end subroutine
 
-  subroutine co2_tp_states_derivatives(temp_in, pres_in, ierr, derivatives, &
+  subroutine co2_tp_rank1(temp_in, pres_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
-    real(c_double), intent(in), target :: temp_in(:), pres_in(:)
+    real(c_double), intent(in), target :: temp_in(..), pres_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(fields) :: arrays
+    call collect(arrays, temp_in, pres_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call solve(arrays, ok, co2_tp_batch)
+  end subroutine
+
+  subroutine co2_tp_with_rank1(temp_in, pres_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: temp_in(..), pres_in(..)
     integer(c_int32_t), intent(out), target :: ierr(:)
     type(co2_derivatives), intent(inout), target :: derivatives(:)
-    real(c_double), intent(out), optional, target, dimension(:) :: &
+    real(c_double), intent(out), optional, target, dimension(..) :: &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
     logical, intent(out), optional :: ok
-    type(batch_outputs) :: out
-    type(strided) :: slots(derivative_count)
-    integer(c_size_t) :: count
-    logical :: agree
-    count = size(temp_in, kind=c_size_t)
-    agree = size(pres_in, kind=c_size_t) == count .and. size(ierr, kind=c_size_t) == count
-    call collect(out, agree, count, &
+    type(fields) :: arrays
+    call collect(arrays, temp_in, pres_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
-    call collect_derivatives(slots, agree, count, derivatives)
-    if (.not. agrees(agree, ok)) return
-    call co2_tp_batch_derivatives(count, inputs(temp_in), inputs(pres_in), codes(ierr), &
-      out, slots)
+    call place_derivatives(arrays, at_derivatives, derivatives)
+    call solve(arrays, ok, with_derivatives=co2_tp_batch_derivatives)
   end subroutine
 
-  subroutine co2_ph_states(pres_in, enth_in, ierr, &
+  subroutine co2_tp_rank2(temp_in, pres_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
-    real(c_double), intent(in), target :: pres_in(:), enth_in(:)
-    integer(c_int32_t), intent(out), target :: ierr(:)
-    real(c_double), intent(out), optional, target, dimension(:) :: &
+    real(c_double), intent(in), target :: temp_in(..), pres_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:, :)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
     logical, intent(out), optional :: ok
-    type(batch_outputs) :: out
-    integer(c_size_t) :: count
-    logical :: agree
-    count = size(pres_in, kind=c_size_t)
-    agree = size(enth_in, kind=c_size_t) == count .and. size(ierr, kind=c_size_t) == count
-    call collect(out, agree, count, &
+    type(fields) :: arrays
+    call collect(arrays, temp_in, pres_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
-    if (.not. agrees(agree, ok)) return
-    call co2_ph_batch(count, inputs(pres_in), inputs(enth_in), codes(ierr), out)
+    call solve(arrays, ok, co2_tp_batch)
   end subroutine
 
-  subroutine co2_ph_state_derivatives(pres_in, enth_in, ierr, derivatives, &
+  subroutine co2_tp_with_rank2(temp_in, pres_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: temp_in(..), pres_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:, :)
+    type(co2_derivatives), intent(inout), target :: derivatives(:, :)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(fields) :: arrays
+    call collect(arrays, temp_in, pres_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call place_derivatives(arrays, at_derivatives, derivatives)
+    call solve(arrays, ok, with_derivatives=co2_tp_batch_derivatives)
+  end subroutine
+
+  subroutine co2_tp_rank3(temp_in, pres_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: temp_in(..), pres_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:, :, :)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(fields) :: arrays
+    call collect(arrays, temp_in, pres_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call solve(arrays, ok, co2_tp_batch)
+  end subroutine
+
+  subroutine co2_tp_with_rank3(temp_in, pres_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: temp_in(..), pres_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:, :, :)
+    type(co2_derivatives), intent(inout), target :: derivatives(:, :, :)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(fields) :: arrays
+    call collect(arrays, temp_in, pres_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call place_derivatives(arrays, at_derivatives, derivatives)
+    call solve(arrays, ok, with_derivatives=co2_tp_batch_derivatives)
+  end subroutine
+
+  subroutine co2_ph_with_rank0(pres_in, enth_in, ierr, derivatives, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
     real(c_double), intent(in) :: pres_in, enth_in
@@ -1032,53 +943,109 @@ contains
       slots_of(c_loc(derivatives), derivative_count))
   end subroutine
 
-  subroutine co2_ph_states_derivatives(pres_in, enth_in, ierr, derivatives, &
+  subroutine co2_ph_rank1(pres_in, enth_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
-    real(c_double), intent(in), target :: pres_in(:), enth_in(:)
+    real(c_double), intent(in), target :: pres_in(..), enth_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(fields) :: arrays
+    call collect(arrays, pres_in, enth_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call solve(arrays, ok, co2_ph_batch)
+  end subroutine
+
+  subroutine co2_ph_with_rank1(pres_in, enth_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: pres_in(..), enth_in(..)
     integer(c_int32_t), intent(out), target :: ierr(:)
     type(co2_derivatives), intent(inout), target :: derivatives(:)
-    real(c_double), intent(out), optional, target, dimension(:) :: &
+    real(c_double), intent(out), optional, target, dimension(..) :: &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
     logical, intent(out), optional :: ok
-    type(batch_outputs) :: out
-    type(strided) :: slots(derivative_count)
-    integer(c_size_t) :: count
-    logical :: agree
-    count = size(pres_in, kind=c_size_t)
-    agree = size(enth_in, kind=c_size_t) == count .and. size(ierr, kind=c_size_t) == count
-    call collect(out, agree, count, &
+    type(fields) :: arrays
+    call collect(arrays, pres_in, enth_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
-    call collect_derivatives(slots, agree, count, derivatives)
-    if (.not. agrees(agree, ok)) return
-    call co2_ph_batch_derivatives(count, inputs(pres_in), inputs(enth_in), codes(ierr), &
-      out, slots)
+    call place_derivatives(arrays, at_derivatives, derivatives)
+    call solve(arrays, ok, with_derivatives=co2_ph_batch_derivatives)
   end subroutine
 
-  subroutine co2_ps_states(pres_in, entr_in, ierr, &
+  subroutine co2_ph_rank2(pres_in, enth_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
-    real(c_double), intent(in), target :: pres_in(:), entr_in(:)
-    integer(c_int32_t), intent(out), target :: ierr(:)
-    real(c_double), intent(out), optional, target, dimension(:) :: &
+    real(c_double), intent(in), target :: pres_in(..), enth_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:, :)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
     logical, intent(out), optional :: ok
-    type(batch_outputs) :: out
-    integer(c_size_t) :: count
-    logical :: agree
-    count = size(pres_in, kind=c_size_t)
-    agree = size(entr_in, kind=c_size_t) == count .and. size(ierr, kind=c_size_t) == count
-    call collect(out, agree, count, &
+    type(fields) :: arrays
+    call collect(arrays, pres_in, enth_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
-    if (.not. agrees(agree, ok)) return
-    call co2_ps_batch(count, inputs(pres_in), inputs(entr_in), codes(ierr), out)
+    call solve(arrays, ok, co2_ph_batch)
   end subroutine
 
-  subroutine co2_ps_state_derivatives(pres_in, entr_in, ierr, derivatives, &
+  subroutine co2_ph_with_rank2(pres_in, enth_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: pres_in(..), enth_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:, :)
+    type(co2_derivatives), intent(inout), target :: derivatives(:, :)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(fields) :: arrays
+    call collect(arrays, pres_in, enth_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call place_derivatives(arrays, at_derivatives, derivatives)
+    call solve(arrays, ok, with_derivatives=co2_ph_batch_derivatives)
+  end subroutine
+
+  subroutine co2_ph_rank3(pres_in, enth_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: pres_in(..), enth_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:, :, :)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(fields) :: arrays
+    call collect(arrays, pres_in, enth_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call solve(arrays, ok, co2_ph_batch)
+  end subroutine
+
+  subroutine co2_ph_with_rank3(pres_in, enth_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: pres_in(..), enth_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:, :, :)
+    type(co2_derivatives), intent(inout), target :: derivatives(:, :, :)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(fields) :: arrays
+    call collect(arrays, pres_in, enth_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call place_derivatives(arrays, at_derivatives, derivatives)
+    call solve(arrays, ok, with_derivatives=co2_ph_batch_derivatives)
+  end subroutine
+
+  subroutine co2_ps_with_rank0(pres_in, entr_in, ierr, derivatives, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
     real(c_double), intent(in) :: pres_in, entr_in
@@ -1095,53 +1062,109 @@ contains
       slots_of(c_loc(derivatives), derivative_count))
   end subroutine
 
-  subroutine co2_ps_states_derivatives(pres_in, entr_in, ierr, derivatives, &
+  subroutine co2_ps_rank1(pres_in, entr_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
-    real(c_double), intent(in), target :: pres_in(:), entr_in(:)
+    real(c_double), intent(in), target :: pres_in(..), entr_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(fields) :: arrays
+    call collect(arrays, pres_in, entr_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call solve(arrays, ok, co2_ps_batch)
+  end subroutine
+
+  subroutine co2_ps_with_rank1(pres_in, entr_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: pres_in(..), entr_in(..)
     integer(c_int32_t), intent(out), target :: ierr(:)
     type(co2_derivatives), intent(inout), target :: derivatives(:)
-    real(c_double), intent(out), optional, target, dimension(:) :: &
+    real(c_double), intent(out), optional, target, dimension(..) :: &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
     logical, intent(out), optional :: ok
-    type(batch_outputs) :: out
-    type(strided) :: slots(derivative_count)
-    integer(c_size_t) :: count
-    logical :: agree
-    count = size(pres_in, kind=c_size_t)
-    agree = size(entr_in, kind=c_size_t) == count .and. size(ierr, kind=c_size_t) == count
-    call collect(out, agree, count, &
+    type(fields) :: arrays
+    call collect(arrays, pres_in, entr_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
-    call collect_derivatives(slots, agree, count, derivatives)
-    if (.not. agrees(agree, ok)) return
-    call co2_ps_batch_derivatives(count, inputs(pres_in), inputs(entr_in), codes(ierr), &
-      out, slots)
+    call place_derivatives(arrays, at_derivatives, derivatives)
+    call solve(arrays, ok, with_derivatives=co2_ps_batch_derivatives)
   end subroutine
 
-  subroutine co2_du_states(dens_in, inte_in, ierr, &
+  subroutine co2_ps_rank2(pres_in, entr_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
-    real(c_double), intent(in), target :: dens_in(:), inte_in(:)
-    integer(c_int32_t), intent(out), target :: ierr(:)
-    real(c_double), intent(out), optional, target, dimension(:) :: &
+    real(c_double), intent(in), target :: pres_in(..), entr_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:, :)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
     logical, intent(out), optional :: ok
-    type(batch_outputs) :: out
-    integer(c_size_t) :: count
-    logical :: agree
-    count = size(dens_in, kind=c_size_t)
-    agree = size(inte_in, kind=c_size_t) == count .and. size(ierr, kind=c_size_t) == count
-    call collect(out, agree, count, &
+    type(fields) :: arrays
+    call collect(arrays, pres_in, entr_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
-    if (.not. agrees(agree, ok)) return
-    call co2_du_batch(count, inputs(dens_in), inputs(inte_in), codes(ierr), out)
+    call solve(arrays, ok, co2_ps_batch)
   end subroutine
 
-  subroutine co2_du_state_derivatives(dens_in, inte_in, ierr, derivatives, &
+  subroutine co2_ps_with_rank2(pres_in, entr_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: pres_in(..), entr_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:, :)
+    type(co2_derivatives), intent(inout), target :: derivatives(:, :)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(fields) :: arrays
+    call collect(arrays, pres_in, entr_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call place_derivatives(arrays, at_derivatives, derivatives)
+    call solve(arrays, ok, with_derivatives=co2_ps_batch_derivatives)
+  end subroutine
+
+  subroutine co2_ps_rank3(pres_in, entr_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: pres_in(..), entr_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:, :, :)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(fields) :: arrays
+    call collect(arrays, pres_in, entr_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call solve(arrays, ok, co2_ps_batch)
+  end subroutine
+
+  subroutine co2_ps_with_rank3(pres_in, entr_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: pres_in(..), entr_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:, :, :)
+    type(co2_derivatives), intent(inout), target :: derivatives(:, :, :)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(fields) :: arrays
+    call collect(arrays, pres_in, entr_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call place_derivatives(arrays, at_derivatives, derivatives)
+    call solve(arrays, ok, with_derivatives=co2_ps_batch_derivatives)
+  end subroutine
+
+  subroutine co2_du_with_rank0(dens_in, inte_in, ierr, derivatives, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
     real(c_double), intent(in) :: dens_in, inte_in
@@ -1158,53 +1181,109 @@ contains
       slots_of(c_loc(derivatives), derivative_count))
   end subroutine
 
-  subroutine co2_du_states_derivatives(dens_in, inte_in, ierr, derivatives, &
+  subroutine co2_du_rank1(dens_in, inte_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
-    real(c_double), intent(in), target :: dens_in(:), inte_in(:)
+    real(c_double), intent(in), target :: dens_in(..), inte_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(fields) :: arrays
+    call collect(arrays, dens_in, inte_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call solve(arrays, ok, co2_du_batch)
+  end subroutine
+
+  subroutine co2_du_with_rank1(dens_in, inte_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: dens_in(..), inte_in(..)
     integer(c_int32_t), intent(out), target :: ierr(:)
     type(co2_derivatives), intent(inout), target :: derivatives(:)
-    real(c_double), intent(out), optional, target, dimension(:) :: &
+    real(c_double), intent(out), optional, target, dimension(..) :: &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
     logical, intent(out), optional :: ok
-    type(batch_outputs) :: out
-    type(strided) :: slots(derivative_count)
-    integer(c_size_t) :: count
-    logical :: agree
-    count = size(dens_in, kind=c_size_t)
-    agree = size(inte_in, kind=c_size_t) == count .and. size(ierr, kind=c_size_t) == count
-    call collect(out, agree, count, &
+    type(fields) :: arrays
+    call collect(arrays, dens_in, inte_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
-    call collect_derivatives(slots, agree, count, derivatives)
-    if (.not. agrees(agree, ok)) return
-    call co2_du_batch_derivatives(count, inputs(dens_in), inputs(inte_in), codes(ierr), &
-      out, slots)
+    call place_derivatives(arrays, at_derivatives, derivatives)
+    call solve(arrays, ok, with_derivatives=co2_du_batch_derivatives)
   end subroutine
 
-  subroutine co2_dh_states(dens_in, enth_in, ierr, &
+  subroutine co2_du_rank2(dens_in, inte_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
-    real(c_double), intent(in), target :: dens_in(:), enth_in(:)
-    integer(c_int32_t), intent(out), target :: ierr(:)
-    real(c_double), intent(out), optional, target, dimension(:) :: &
+    real(c_double), intent(in), target :: dens_in(..), inte_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:, :)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
     logical, intent(out), optional :: ok
-    type(batch_outputs) :: out
-    integer(c_size_t) :: count
-    logical :: agree
-    count = size(dens_in, kind=c_size_t)
-    agree = size(enth_in, kind=c_size_t) == count .and. size(ierr, kind=c_size_t) == count
-    call collect(out, agree, count, &
+    type(fields) :: arrays
+    call collect(arrays, dens_in, inte_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
-    if (.not. agrees(agree, ok)) return
-    call co2_dh_batch(count, inputs(dens_in), inputs(enth_in), codes(ierr), out)
+    call solve(arrays, ok, co2_du_batch)
   end subroutine
 
-  subroutine co2_dh_state_derivatives(dens_in, enth_in, ierr, derivatives, &
+  subroutine co2_du_with_rank2(dens_in, inte_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: dens_in(..), inte_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:, :)
+    type(co2_derivatives), intent(inout), target :: derivatives(:, :)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(fields) :: arrays
+    call collect(arrays, dens_in, inte_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call place_derivatives(arrays, at_derivatives, derivatives)
+    call solve(arrays, ok, with_derivatives=co2_du_batch_derivatives)
+  end subroutine
+
+  subroutine co2_du_rank3(dens_in, inte_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: dens_in(..), inte_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:, :, :)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(fields) :: arrays
+    call collect(arrays, dens_in, inte_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call solve(arrays, ok, co2_du_batch)
+  end subroutine
+
+  subroutine co2_du_with_rank3(dens_in, inte_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: dens_in(..), inte_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:, :, :)
+    type(co2_derivatives), intent(inout), target :: derivatives(:, :, :)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(fields) :: arrays
+    call collect(arrays, dens_in, inte_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call place_derivatives(arrays, at_derivatives, derivatives)
+    call solve(arrays, ok, with_derivatives=co2_du_batch_derivatives)
+  end subroutine
+
+  subroutine co2_dh_with_rank0(dens_in, enth_in, ierr, derivatives, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
     real(c_double), intent(in) :: dens_in, enth_in
@@ -1221,53 +1300,109 @@ contains
       slots_of(c_loc(derivatives), derivative_count))
   end subroutine
 
-  subroutine co2_dh_states_derivatives(dens_in, enth_in, ierr, derivatives, &
+  subroutine co2_dh_rank1(dens_in, enth_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
-    real(c_double), intent(in), target :: dens_in(:), enth_in(:)
+    real(c_double), intent(in), target :: dens_in(..), enth_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(fields) :: arrays
+    call collect(arrays, dens_in, enth_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call solve(arrays, ok, co2_dh_batch)
+  end subroutine
+
+  subroutine co2_dh_with_rank1(dens_in, enth_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: dens_in(..), enth_in(..)
     integer(c_int32_t), intent(out), target :: ierr(:)
     type(co2_derivatives), intent(inout), target :: derivatives(:)
-    real(c_double), intent(out), optional, target, dimension(:) :: &
+    real(c_double), intent(out), optional, target, dimension(..) :: &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
     logical, intent(out), optional :: ok
-    type(batch_outputs) :: out
-    type(strided) :: slots(derivative_count)
-    integer(c_size_t) :: count
-    logical :: agree
-    count = size(dens_in, kind=c_size_t)
-    agree = size(enth_in, kind=c_size_t) == count .and. size(ierr, kind=c_size_t) == count
-    call collect(out, agree, count, &
+    type(fields) :: arrays
+    call collect(arrays, dens_in, enth_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
-    call collect_derivatives(slots, agree, count, derivatives)
-    if (.not. agrees(agree, ok)) return
-    call co2_dh_batch_derivatives(count, inputs(dens_in), inputs(enth_in), codes(ierr), &
-      out, slots)
+    call place_derivatives(arrays, at_derivatives, derivatives)
+    call solve(arrays, ok, with_derivatives=co2_dh_batch_derivatives)
   end subroutine
 
-  subroutine co2_ds_states(dens_in, entr_in, ierr, &
+  subroutine co2_dh_rank2(dens_in, enth_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
-    real(c_double), intent(in), target :: dens_in(:), entr_in(:)
-    integer(c_int32_t), intent(out), target :: ierr(:)
-    real(c_double), intent(out), optional, target, dimension(:) :: &
+    real(c_double), intent(in), target :: dens_in(..), enth_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:, :)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
     logical, intent(out), optional :: ok
-    type(batch_outputs) :: out
-    integer(c_size_t) :: count
-    logical :: agree
-    count = size(dens_in, kind=c_size_t)
-    agree = size(entr_in, kind=c_size_t) == count .and. size(ierr, kind=c_size_t) == count
-    call collect(out, agree, count, &
+    type(fields) :: arrays
+    call collect(arrays, dens_in, enth_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
-    if (.not. agrees(agree, ok)) return
-    call co2_ds_batch(count, inputs(dens_in), inputs(entr_in), codes(ierr), out)
+    call solve(arrays, ok, co2_dh_batch)
   end subroutine
 
-  subroutine co2_ds_state_derivatives(dens_in, entr_in, ierr, derivatives, &
+  subroutine co2_dh_with_rank2(dens_in, enth_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: dens_in(..), enth_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:, :)
+    type(co2_derivatives), intent(inout), target :: derivatives(:, :)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(fields) :: arrays
+    call collect(arrays, dens_in, enth_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call place_derivatives(arrays, at_derivatives, derivatives)
+    call solve(arrays, ok, with_derivatives=co2_dh_batch_derivatives)
+  end subroutine
+
+  subroutine co2_dh_rank3(dens_in, enth_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: dens_in(..), enth_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:, :, :)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(fields) :: arrays
+    call collect(arrays, dens_in, enth_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call solve(arrays, ok, co2_dh_batch)
+  end subroutine
+
+  subroutine co2_dh_with_rank3(dens_in, enth_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: dens_in(..), enth_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:, :, :)
+    type(co2_derivatives), intent(inout), target :: derivatives(:, :, :)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(fields) :: arrays
+    call collect(arrays, dens_in, enth_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call place_derivatives(arrays, at_derivatives, derivatives)
+    call solve(arrays, ok, with_derivatives=co2_dh_batch_derivatives)
+  end subroutine
+
+  subroutine co2_ds_with_rank0(dens_in, entr_in, ierr, derivatives, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
     real(c_double), intent(in) :: dens_in, entr_in
@@ -1284,53 +1419,109 @@ contains
       slots_of(c_loc(derivatives), derivative_count))
   end subroutine
 
-  subroutine co2_ds_states_derivatives(dens_in, entr_in, ierr, derivatives, &
+  subroutine co2_ds_rank1(dens_in, entr_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
-    real(c_double), intent(in), target :: dens_in(:), entr_in(:)
+    real(c_double), intent(in), target :: dens_in(..), entr_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(fields) :: arrays
+    call collect(arrays, dens_in, entr_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call solve(arrays, ok, co2_ds_batch)
+  end subroutine
+
+  subroutine co2_ds_with_rank1(dens_in, entr_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: dens_in(..), entr_in(..)
     integer(c_int32_t), intent(out), target :: ierr(:)
     type(co2_derivatives), intent(inout), target :: derivatives(:)
-    real(c_double), intent(out), optional, target, dimension(:) :: &
+    real(c_double), intent(out), optional, target, dimension(..) :: &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
     logical, intent(out), optional :: ok
-    type(batch_outputs) :: out
-    type(strided) :: slots(derivative_count)
-    integer(c_size_t) :: count
-    logical :: agree
-    count = size(dens_in, kind=c_size_t)
-    agree = size(entr_in, kind=c_size_t) == count .and. size(ierr, kind=c_size_t) == count
-    call collect(out, agree, count, &
+    type(fields) :: arrays
+    call collect(arrays, dens_in, entr_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
-    call collect_derivatives(slots, agree, count, derivatives)
-    if (.not. agrees(agree, ok)) return
-    call co2_ds_batch_derivatives(count, inputs(dens_in), inputs(entr_in), codes(ierr), &
-      out, slots)
+    call place_derivatives(arrays, at_derivatives, derivatives)
+    call solve(arrays, ok, with_derivatives=co2_ds_batch_derivatives)
   end subroutine
 
-  subroutine co2_dp_states(dens_in, pres_in, ierr, &
+  subroutine co2_ds_rank2(dens_in, entr_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
-    real(c_double), intent(in), target :: dens_in(:), pres_in(:)
-    integer(c_int32_t), intent(out), target :: ierr(:)
-    real(c_double), intent(out), optional, target, dimension(:) :: &
+    real(c_double), intent(in), target :: dens_in(..), entr_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:, :)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
     logical, intent(out), optional :: ok
-    type(batch_outputs) :: out
-    integer(c_size_t) :: count
-    logical :: agree
-    count = size(dens_in, kind=c_size_t)
-    agree = size(pres_in, kind=c_size_t) == count .and. size(ierr, kind=c_size_t) == count
-    call collect(out, agree, count, &
+    type(fields) :: arrays
+    call collect(arrays, dens_in, entr_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
-    if (.not. agrees(agree, ok)) return
-    call co2_dp_batch(count, inputs(dens_in), inputs(pres_in), codes(ierr), out)
+    call solve(arrays, ok, co2_ds_batch)
   end subroutine
 
-  subroutine co2_dp_state_derivatives(dens_in, pres_in, ierr, derivatives, &
+  subroutine co2_ds_with_rank2(dens_in, entr_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: dens_in(..), entr_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:, :)
+    type(co2_derivatives), intent(inout), target :: derivatives(:, :)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(fields) :: arrays
+    call collect(arrays, dens_in, entr_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call place_derivatives(arrays, at_derivatives, derivatives)
+    call solve(arrays, ok, with_derivatives=co2_ds_batch_derivatives)
+  end subroutine
+
+  subroutine co2_ds_rank3(dens_in, entr_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: dens_in(..), entr_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:, :, :)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(fields) :: arrays
+    call collect(arrays, dens_in, entr_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call solve(arrays, ok, co2_ds_batch)
+  end subroutine
+
+  subroutine co2_ds_with_rank3(dens_in, entr_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: dens_in(..), entr_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:, :, :)
+    type(co2_derivatives), intent(inout), target :: derivatives(:, :, :)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(fields) :: arrays
+    call collect(arrays, dens_in, entr_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call place_derivatives(arrays, at_derivatives, derivatives)
+    call solve(arrays, ok, with_derivatives=co2_ds_batch_derivatives)
+  end subroutine
+
+  subroutine co2_dp_with_rank0(dens_in, pres_in, ierr, derivatives, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
     real(c_double), intent(in) :: dens_in, pres_in
@@ -1347,53 +1538,109 @@ contains
       slots_of(c_loc(derivatives), derivative_count))
   end subroutine
 
-  subroutine co2_dp_states_derivatives(dens_in, pres_in, ierr, derivatives, &
+  subroutine co2_dp_rank1(dens_in, pres_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
-    real(c_double), intent(in), target :: dens_in(:), pres_in(:)
+    real(c_double), intent(in), target :: dens_in(..), pres_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(fields) :: arrays
+    call collect(arrays, dens_in, pres_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call solve(arrays, ok, co2_dp_batch)
+  end subroutine
+
+  subroutine co2_dp_with_rank1(dens_in, pres_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: dens_in(..), pres_in(..)
     integer(c_int32_t), intent(out), target :: ierr(:)
     type(co2_derivatives), intent(inout), target :: derivatives(:)
-    real(c_double), intent(out), optional, target, dimension(:) :: &
+    real(c_double), intent(out), optional, target, dimension(..) :: &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
     logical, intent(out), optional :: ok
-    type(batch_outputs) :: out
-    type(strided) :: slots(derivative_count)
-    integer(c_size_t) :: count
-    logical :: agree
-    count = size(dens_in, kind=c_size_t)
-    agree = size(pres_in, kind=c_size_t) == count .and. size(ierr, kind=c_size_t) == count
-    call collect(out, agree, count, &
+    type(fields) :: arrays
+    call collect(arrays, dens_in, pres_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
-    call collect_derivatives(slots, agree, count, derivatives)
-    if (.not. agrees(agree, ok)) return
-    call co2_dp_batch_derivatives(count, inputs(dens_in), inputs(pres_in), codes(ierr), &
-      out, slots)
+    call place_derivatives(arrays, at_derivatives, derivatives)
+    call solve(arrays, ok, with_derivatives=co2_dp_batch_derivatives)
   end subroutine
 
-  subroutine co2_hs_states(enth_in, entr_in, ierr, &
+  subroutine co2_dp_rank2(dens_in, pres_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
-    real(c_double), intent(in), target :: enth_in(:), entr_in(:)
-    integer(c_int32_t), intent(out), target :: ierr(:)
-    real(c_double), intent(out), optional, target, dimension(:) :: &
+    real(c_double), intent(in), target :: dens_in(..), pres_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:, :)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
     logical, intent(out), optional :: ok
-    type(batch_outputs) :: out
-    integer(c_size_t) :: count
-    logical :: agree
-    count = size(enth_in, kind=c_size_t)
-    agree = size(entr_in, kind=c_size_t) == count .and. size(ierr, kind=c_size_t) == count
-    call collect(out, agree, count, &
+    type(fields) :: arrays
+    call collect(arrays, dens_in, pres_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
-    if (.not. agrees(agree, ok)) return
-    call co2_hs_batch(count, inputs(enth_in), inputs(entr_in), codes(ierr), out)
+    call solve(arrays, ok, co2_dp_batch)
   end subroutine
 
-  subroutine co2_hs_state_derivatives(enth_in, entr_in, ierr, derivatives, &
+  subroutine co2_dp_with_rank2(dens_in, pres_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: dens_in(..), pres_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:, :)
+    type(co2_derivatives), intent(inout), target :: derivatives(:, :)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(fields) :: arrays
+    call collect(arrays, dens_in, pres_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call place_derivatives(arrays, at_derivatives, derivatives)
+    call solve(arrays, ok, with_derivatives=co2_dp_batch_derivatives)
+  end subroutine
+
+  subroutine co2_dp_rank3(dens_in, pres_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: dens_in(..), pres_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:, :, :)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(fields) :: arrays
+    call collect(arrays, dens_in, pres_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call solve(arrays, ok, co2_dp_batch)
+  end subroutine
+
+  subroutine co2_dp_with_rank3(dens_in, pres_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: dens_in(..), pres_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:, :, :)
+    type(co2_derivatives), intent(inout), target :: derivatives(:, :, :)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(fields) :: arrays
+    call collect(arrays, dens_in, pres_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call place_derivatives(arrays, at_derivatives, derivatives)
+    call solve(arrays, ok, with_derivatives=co2_dp_batch_derivatives)
+  end subroutine
+
+  subroutine co2_hs_with_rank0(enth_in, entr_in, ierr, derivatives, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
     real(c_double), intent(in) :: enth_in, entr_in
@@ -1410,53 +1657,109 @@ contains
       slots_of(c_loc(derivatives), derivative_count))
   end subroutine
 
-  subroutine co2_hs_states_derivatives(enth_in, entr_in, ierr, derivatives, &
+  subroutine co2_hs_rank1(enth_in, entr_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
-    real(c_double), intent(in), target :: enth_in(:), entr_in(:)
+    real(c_double), intent(in), target :: enth_in(..), entr_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(fields) :: arrays
+    call collect(arrays, enth_in, entr_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call solve(arrays, ok, co2_hs_batch)
+  end subroutine
+
+  subroutine co2_hs_with_rank1(enth_in, entr_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: enth_in(..), entr_in(..)
     integer(c_int32_t), intent(out), target :: ierr(:)
     type(co2_derivatives), intent(inout), target :: derivatives(:)
-    real(c_double), intent(out), optional, target, dimension(:) :: &
+    real(c_double), intent(out), optional, target, dimension(..) :: &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
     logical, intent(out), optional :: ok
-    type(batch_outputs) :: out
-    type(strided) :: slots(derivative_count)
-    integer(c_size_t) :: count
-    logical :: agree
-    count = size(enth_in, kind=c_size_t)
-    agree = size(entr_in, kind=c_size_t) == count .and. size(ierr, kind=c_size_t) == count
-    call collect(out, agree, count, &
+    type(fields) :: arrays
+    call collect(arrays, enth_in, entr_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
-    call collect_derivatives(slots, agree, count, derivatives)
-    if (.not. agrees(agree, ok)) return
-    call co2_hs_batch_derivatives(count, inputs(enth_in), inputs(entr_in), codes(ierr), &
-      out, slots)
+    call place_derivatives(arrays, at_derivatives, derivatives)
+    call solve(arrays, ok, with_derivatives=co2_hs_batch_derivatives)
   end subroutine
 
-  subroutine co2_pu_states(pres_in, inte_in, ierr, &
+  subroutine co2_hs_rank2(enth_in, entr_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
-    real(c_double), intent(in), target :: pres_in(:), inte_in(:)
-    integer(c_int32_t), intent(out), target :: ierr(:)
-    real(c_double), intent(out), optional, target, dimension(:) :: &
+    real(c_double), intent(in), target :: enth_in(..), entr_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:, :)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
     logical, intent(out), optional :: ok
-    type(batch_outputs) :: out
-    integer(c_size_t) :: count
-    logical :: agree
-    count = size(pres_in, kind=c_size_t)
-    agree = size(inte_in, kind=c_size_t) == count .and. size(ierr, kind=c_size_t) == count
-    call collect(out, agree, count, &
+    type(fields) :: arrays
+    call collect(arrays, enth_in, entr_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
-    if (.not. agrees(agree, ok)) return
-    call co2_pu_batch(count, inputs(pres_in), inputs(inte_in), codes(ierr), out)
+    call solve(arrays, ok, co2_hs_batch)
   end subroutine
 
-  subroutine co2_pu_state_derivatives(pres_in, inte_in, ierr, derivatives, &
+  subroutine co2_hs_with_rank2(enth_in, entr_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: enth_in(..), entr_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:, :)
+    type(co2_derivatives), intent(inout), target :: derivatives(:, :)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(fields) :: arrays
+    call collect(arrays, enth_in, entr_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call place_derivatives(arrays, at_derivatives, derivatives)
+    call solve(arrays, ok, with_derivatives=co2_hs_batch_derivatives)
+  end subroutine
+
+  subroutine co2_hs_rank3(enth_in, entr_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: enth_in(..), entr_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:, :, :)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(fields) :: arrays
+    call collect(arrays, enth_in, entr_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call solve(arrays, ok, co2_hs_batch)
+  end subroutine
+
+  subroutine co2_hs_with_rank3(enth_in, entr_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: enth_in(..), entr_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:, :, :)
+    type(co2_derivatives), intent(inout), target :: derivatives(:, :, :)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(fields) :: arrays
+    call collect(arrays, enth_in, entr_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call place_derivatives(arrays, at_derivatives, derivatives)
+    call solve(arrays, ok, with_derivatives=co2_hs_batch_derivatives)
+  end subroutine
+
+  subroutine co2_pu_with_rank0(pres_in, inte_in, ierr, derivatives, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
     real(c_double), intent(in) :: pres_in, inte_in
@@ -1473,53 +1776,109 @@ contains
       slots_of(c_loc(derivatives), derivative_count))
   end subroutine
 
-  subroutine co2_pu_states_derivatives(pres_in, inte_in, ierr, derivatives, &
+  subroutine co2_pu_rank1(pres_in, inte_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
-    real(c_double), intent(in), target :: pres_in(:), inte_in(:)
+    real(c_double), intent(in), target :: pres_in(..), inte_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(fields) :: arrays
+    call collect(arrays, pres_in, inte_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call solve(arrays, ok, co2_pu_batch)
+  end subroutine
+
+  subroutine co2_pu_with_rank1(pres_in, inte_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: pres_in(..), inte_in(..)
     integer(c_int32_t), intent(out), target :: ierr(:)
     type(co2_derivatives), intent(inout), target :: derivatives(:)
-    real(c_double), intent(out), optional, target, dimension(:) :: &
+    real(c_double), intent(out), optional, target, dimension(..) :: &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
     logical, intent(out), optional :: ok
-    type(batch_outputs) :: out
-    type(strided) :: slots(derivative_count)
-    integer(c_size_t) :: count
-    logical :: agree
-    count = size(pres_in, kind=c_size_t)
-    agree = size(inte_in, kind=c_size_t) == count .and. size(ierr, kind=c_size_t) == count
-    call collect(out, agree, count, &
+    type(fields) :: arrays
+    call collect(arrays, pres_in, inte_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
-    call collect_derivatives(slots, agree, count, derivatives)
-    if (.not. agrees(agree, ok)) return
-    call co2_pu_batch_derivatives(count, inputs(pres_in), inputs(inte_in), codes(ierr), &
-      out, slots)
+    call place_derivatives(arrays, at_derivatives, derivatives)
+    call solve(arrays, ok, with_derivatives=co2_pu_batch_derivatives)
   end subroutine
 
-  subroutine co2_ts_states(temp_in, entr_in, ierr, &
+  subroutine co2_pu_rank2(pres_in, inte_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
-    real(c_double), intent(in), target :: temp_in(:), entr_in(:)
-    integer(c_int32_t), intent(out), target :: ierr(:)
-    real(c_double), intent(out), optional, target, dimension(:) :: &
+    real(c_double), intent(in), target :: pres_in(..), inte_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:, :)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
     logical, intent(out), optional :: ok
-    type(batch_outputs) :: out
-    integer(c_size_t) :: count
-    logical :: agree
-    count = size(temp_in, kind=c_size_t)
-    agree = size(entr_in, kind=c_size_t) == count .and. size(ierr, kind=c_size_t) == count
-    call collect(out, agree, count, &
+    type(fields) :: arrays
+    call collect(arrays, pres_in, inte_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
-    if (.not. agrees(agree, ok)) return
-    call co2_ts_batch(count, inputs(temp_in), inputs(entr_in), codes(ierr), out)
+    call solve(arrays, ok, co2_pu_batch)
   end subroutine
 
-  subroutine co2_ts_state_derivatives(temp_in, entr_in, ierr, derivatives, &
+  subroutine co2_pu_with_rank2(pres_in, inte_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: pres_in(..), inte_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:, :)
+    type(co2_derivatives), intent(inout), target :: derivatives(:, :)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(fields) :: arrays
+    call collect(arrays, pres_in, inte_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call place_derivatives(arrays, at_derivatives, derivatives)
+    call solve(arrays, ok, with_derivatives=co2_pu_batch_derivatives)
+  end subroutine
+
+  subroutine co2_pu_rank3(pres_in, inte_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: pres_in(..), inte_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:, :, :)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(fields) :: arrays
+    call collect(arrays, pres_in, inte_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call solve(arrays, ok, co2_pu_batch)
+  end subroutine
+
+  subroutine co2_pu_with_rank3(pres_in, inte_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: pres_in(..), inte_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:, :, :)
+    type(co2_derivatives), intent(inout), target :: derivatives(:, :, :)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(fields) :: arrays
+    call collect(arrays, pres_in, inte_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call place_derivatives(arrays, at_derivatives, derivatives)
+    call solve(arrays, ok, with_derivatives=co2_pu_batch_derivatives)
+  end subroutine
+
+  subroutine co2_ts_with_rank0(temp_in, entr_in, ierr, derivatives, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
     real(c_double), intent(in) :: temp_in, entr_in
@@ -1536,53 +1895,109 @@ contains
       slots_of(c_loc(derivatives), derivative_count))
   end subroutine
 
-  subroutine co2_ts_states_derivatives(temp_in, entr_in, ierr, derivatives, &
+  subroutine co2_ts_rank1(temp_in, entr_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
-    real(c_double), intent(in), target :: temp_in(:), entr_in(:)
+    real(c_double), intent(in), target :: temp_in(..), entr_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(fields) :: arrays
+    call collect(arrays, temp_in, entr_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call solve(arrays, ok, co2_ts_batch)
+  end subroutine
+
+  subroutine co2_ts_with_rank1(temp_in, entr_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: temp_in(..), entr_in(..)
     integer(c_int32_t), intent(out), target :: ierr(:)
     type(co2_derivatives), intent(inout), target :: derivatives(:)
-    real(c_double), intent(out), optional, target, dimension(:) :: &
+    real(c_double), intent(out), optional, target, dimension(..) :: &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
     logical, intent(out), optional :: ok
-    type(batch_outputs) :: out
-    type(strided) :: slots(derivative_count)
-    integer(c_size_t) :: count
-    logical :: agree
-    count = size(temp_in, kind=c_size_t)
-    agree = size(entr_in, kind=c_size_t) == count .and. size(ierr, kind=c_size_t) == count
-    call collect(out, agree, count, &
+    type(fields) :: arrays
+    call collect(arrays, temp_in, entr_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
-    call collect_derivatives(slots, agree, count, derivatives)
-    if (.not. agrees(agree, ok)) return
-    call co2_ts_batch_derivatives(count, inputs(temp_in), inputs(entr_in), codes(ierr), &
-      out, slots)
+    call place_derivatives(arrays, at_derivatives, derivatives)
+    call solve(arrays, ok, with_derivatives=co2_ts_batch_derivatives)
   end subroutine
 
-  subroutine co2_tx_states(temp_in, qual_in, ierr, &
+  subroutine co2_ts_rank2(temp_in, entr_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
-    real(c_double), intent(in), target :: temp_in(:), qual_in(:)
-    integer(c_int32_t), intent(out), target :: ierr(:)
-    real(c_double), intent(out), optional, target, dimension(:) :: &
+    real(c_double), intent(in), target :: temp_in(..), entr_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:, :)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
     logical, intent(out), optional :: ok
-    type(batch_outputs) :: out
-    integer(c_size_t) :: count
-    logical :: agree
-    count = size(temp_in, kind=c_size_t)
-    agree = size(qual_in, kind=c_size_t) == count .and. size(ierr, kind=c_size_t) == count
-    call collect(out, agree, count, &
+    type(fields) :: arrays
+    call collect(arrays, temp_in, entr_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
-    if (.not. agrees(agree, ok)) return
-    call co2_tx_batch(count, inputs(temp_in), inputs(qual_in), codes(ierr), out)
+    call solve(arrays, ok, co2_ts_batch)
   end subroutine
 
-  subroutine co2_tx_state_derivatives(temp_in, qual_in, ierr, derivatives, &
+  subroutine co2_ts_with_rank2(temp_in, entr_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: temp_in(..), entr_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:, :)
+    type(co2_derivatives), intent(inout), target :: derivatives(:, :)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(fields) :: arrays
+    call collect(arrays, temp_in, entr_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call place_derivatives(arrays, at_derivatives, derivatives)
+    call solve(arrays, ok, with_derivatives=co2_ts_batch_derivatives)
+  end subroutine
+
+  subroutine co2_ts_rank3(temp_in, entr_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: temp_in(..), entr_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:, :, :)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(fields) :: arrays
+    call collect(arrays, temp_in, entr_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call solve(arrays, ok, co2_ts_batch)
+  end subroutine
+
+  subroutine co2_ts_with_rank3(temp_in, entr_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: temp_in(..), entr_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:, :, :)
+    type(co2_derivatives), intent(inout), target :: derivatives(:, :, :)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(fields) :: arrays
+    call collect(arrays, temp_in, entr_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call place_derivatives(arrays, at_derivatives, derivatives)
+    call solve(arrays, ok, with_derivatives=co2_ts_batch_derivatives)
+  end subroutine
+
+  subroutine co2_tx_with_rank0(temp_in, qual_in, ierr, derivatives, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
     real(c_double), intent(in) :: temp_in, qual_in
@@ -1599,53 +2014,109 @@ contains
       slots_of(c_loc(derivatives), derivative_count))
   end subroutine
 
-  subroutine co2_tx_states_derivatives(temp_in, qual_in, ierr, derivatives, &
+  subroutine co2_tx_rank1(temp_in, qual_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
-    real(c_double), intent(in), target :: temp_in(:), qual_in(:)
+    real(c_double), intent(in), target :: temp_in(..), qual_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(fields) :: arrays
+    call collect(arrays, temp_in, qual_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call solve(arrays, ok, co2_tx_batch)
+  end subroutine
+
+  subroutine co2_tx_with_rank1(temp_in, qual_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: temp_in(..), qual_in(..)
     integer(c_int32_t), intent(out), target :: ierr(:)
     type(co2_derivatives), intent(inout), target :: derivatives(:)
-    real(c_double), intent(out), optional, target, dimension(:) :: &
+    real(c_double), intent(out), optional, target, dimension(..) :: &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
     logical, intent(out), optional :: ok
-    type(batch_outputs) :: out
-    type(strided) :: slots(derivative_count)
-    integer(c_size_t) :: count
-    logical :: agree
-    count = size(temp_in, kind=c_size_t)
-    agree = size(qual_in, kind=c_size_t) == count .and. size(ierr, kind=c_size_t) == count
-    call collect(out, agree, count, &
+    type(fields) :: arrays
+    call collect(arrays, temp_in, qual_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
-    call collect_derivatives(slots, agree, count, derivatives)
-    if (.not. agrees(agree, ok)) return
-    call co2_tx_batch_derivatives(count, inputs(temp_in), inputs(qual_in), codes(ierr), &
-      out, slots)
+    call place_derivatives(arrays, at_derivatives, derivatives)
+    call solve(arrays, ok, with_derivatives=co2_tx_batch_derivatives)
   end subroutine
 
-  subroutine co2_px_states(pres_in, qual_in, ierr, &
+  subroutine co2_tx_rank2(temp_in, qual_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
-    real(c_double), intent(in), target :: pres_in(:), qual_in(:)
-    integer(c_int32_t), intent(out), target :: ierr(:)
-    real(c_double), intent(out), optional, target, dimension(:) :: &
+    real(c_double), intent(in), target :: temp_in(..), qual_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:, :)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
     logical, intent(out), optional :: ok
-    type(batch_outputs) :: out
-    integer(c_size_t) :: count
-    logical :: agree
-    count = size(pres_in, kind=c_size_t)
-    agree = size(qual_in, kind=c_size_t) == count .and. size(ierr, kind=c_size_t) == count
-    call collect(out, agree, count, &
+    type(fields) :: arrays
+    call collect(arrays, temp_in, qual_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
-    if (.not. agrees(agree, ok)) return
-    call co2_px_batch(count, inputs(pres_in), inputs(qual_in), codes(ierr), out)
+    call solve(arrays, ok, co2_tx_batch)
   end subroutine
 
-  subroutine co2_px_state_derivatives(pres_in, qual_in, ierr, derivatives, &
+  subroutine co2_tx_with_rank2(temp_in, qual_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: temp_in(..), qual_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:, :)
+    type(co2_derivatives), intent(inout), target :: derivatives(:, :)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(fields) :: arrays
+    call collect(arrays, temp_in, qual_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call place_derivatives(arrays, at_derivatives, derivatives)
+    call solve(arrays, ok, with_derivatives=co2_tx_batch_derivatives)
+  end subroutine
+
+  subroutine co2_tx_rank3(temp_in, qual_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: temp_in(..), qual_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:, :, :)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(fields) :: arrays
+    call collect(arrays, temp_in, qual_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call solve(arrays, ok, co2_tx_batch)
+  end subroutine
+
+  subroutine co2_tx_with_rank3(temp_in, qual_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: temp_in(..), qual_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:, :, :)
+    type(co2_derivatives), intent(inout), target :: derivatives(:, :, :)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(fields) :: arrays
+    call collect(arrays, temp_in, qual_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call place_derivatives(arrays, at_derivatives, derivatives)
+    call solve(arrays, ok, with_derivatives=co2_tx_batch_derivatives)
+  end subroutine
+
+  subroutine co2_px_with_rank0(pres_in, qual_in, ierr, derivatives, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
     real(c_double), intent(in) :: pres_in, qual_in
@@ -1662,29 +2133,106 @@ contains
       slots_of(c_loc(derivatives), derivative_count))
   end subroutine
 
-  subroutine co2_px_states_derivatives(pres_in, qual_in, ierr, derivatives, &
+  subroutine co2_px_rank1(pres_in, qual_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
-    real(c_double), intent(in), target :: pres_in(:), qual_in(:)
+    real(c_double), intent(in), target :: pres_in(..), qual_in(..)
     integer(c_int32_t), intent(out), target :: ierr(:)
-    type(co2_derivatives), intent(inout), target :: derivatives(:)
-    real(c_double), intent(out), optional, target, dimension(:) :: &
+    real(c_double), intent(out), optional, target, dimension(..) :: &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
     logical, intent(out), optional :: ok
-    type(batch_outputs) :: out
-    type(strided) :: slots(derivative_count)
-    integer(c_size_t) :: count
-    logical :: agree
-    count = size(pres_in, kind=c_size_t)
-    agree = size(qual_in, kind=c_size_t) == count .and. size(ierr, kind=c_size_t) == count
-    call collect(out, agree, count, &
+    type(fields) :: arrays
+    call collect(arrays, pres_in, qual_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
-    call collect_derivatives(slots, agree, count, derivatives)
-    if (.not. agrees(agree, ok)) return
-    call co2_px_batch_derivatives(count, inputs(pres_in), inputs(qual_in), codes(ierr), &
-      out, slots)
+    call solve(arrays, ok, co2_px_batch)
+  end subroutine
+
+  subroutine co2_px_with_rank1(pres_in, qual_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: pres_in(..), qual_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:)
+    type(co2_derivatives), intent(inout), target :: derivatives(:)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(fields) :: arrays
+    call collect(arrays, pres_in, qual_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call place_derivatives(arrays, at_derivatives, derivatives)
+    call solve(arrays, ok, with_derivatives=co2_px_batch_derivatives)
+  end subroutine
+
+  subroutine co2_px_rank2(pres_in, qual_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: pres_in(..), qual_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:, :)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(fields) :: arrays
+    call collect(arrays, pres_in, qual_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call solve(arrays, ok, co2_px_batch)
+  end subroutine
+
+  subroutine co2_px_with_rank2(pres_in, qual_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: pres_in(..), qual_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:, :)
+    type(co2_derivatives), intent(inout), target :: derivatives(:, :)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(fields) :: arrays
+    call collect(arrays, pres_in, qual_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call place_derivatives(arrays, at_derivatives, derivatives)
+    call solve(arrays, ok, with_derivatives=co2_px_batch_derivatives)
+  end subroutine
+
+  subroutine co2_px_rank3(pres_in, qual_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: pres_in(..), qual_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:, :, :)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(fields) :: arrays
+    call collect(arrays, pres_in, qual_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call solve(arrays, ok, co2_px_batch)
+  end subroutine
+
+  subroutine co2_px_with_rank3(pres_in, qual_in, ierr, derivatives, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt, ok)
+    real(c_double), intent(in), target :: pres_in(..), qual_in(..)
+    integer(c_int32_t), intent(out), target :: ierr(:, :, :)
+    type(co2_derivatives), intent(inout), target :: derivatives(:, :, :)
+    real(c_double), intent(out), optional, target, dimension(..) :: &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    logical, intent(out), optional :: ok
+    type(fields) :: arrays
+    call collect(arrays, pres_in, qual_in, ierr, &
+      temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
+      ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
+    call place_derivatives(arrays, at_derivatives, derivatives)
+    call solve(arrays, ok, with_derivatives=co2_px_batch_derivatives)
   end subroutine
 
   ! entries: end
@@ -1715,29 +2263,23 @@ contains
 
   subroutine co2_sat_t_states(temp_in, ierr, liq, vap, latent_heat, dpdt_sat, &
       liq_derivatives, vap_derivatives, ok)
-    real(c_double), intent(in), target :: temp_in(:)
+    real(c_double), intent(in), target :: temp_in(..)
     integer(c_int32_t), intent(out), target :: ierr(:)
     type(co2_state), intent(out), optional, target :: liq(:), vap(:)
     real(c_double), intent(out), optional, target :: latent_heat(:), dpdt_sat(:)
     type(co2_derivatives), intent(inout), optional, target :: liq_derivatives(:), &
       vap_derivatives(:)
     logical, intent(out), optional :: ok
-    type(saturation_outputs) :: out
-    type(strided), target :: of_liq(derivative_count), of_vap(derivative_count)
-    integer(c_size_t) :: count
-    logical :: agree
-    count = size(temp_in, kind=c_size_t)
-    agree = size(ierr, kind=c_size_t) == count
-    call collect_phase(out%liq, agree, count, liq)
-    call collect_phase(out%vap, agree, count, vap)
-    call collect_values(out%latent_heat, agree, count, latent_heat)
-    call collect_values(out%dpdt_sat, agree, count, dpdt_sat)
-    call collect_derivatives(of_liq, agree, count, liq_derivatives)
-    call collect_derivatives(of_vap, agree, count, vap_derivatives)
-    if (present(liq_derivatives)) out%liq_derivatives = c_loc(of_liq)
-    if (present(vap_derivatives)) out%vap_derivatives = c_loc(of_vap)
-    if (.not. agrees(agree, ok)) return
-    call co2_sat_t_batch(count, inputs(temp_in), codes(ierr), out)
+    type(fields) :: arrays
+    call place_codes(arrays, ierr)
+    call place(arrays, at_first, temp_in)
+    call place_phase(arrays, at_liq, liq)
+    call place_phase(arrays, at_vap, vap)
+    call place(arrays, at_line, latent_heat)
+    call place(arrays, at_line + 1, dpdt_sat)
+    call place_derivatives(arrays, at_liq_derivatives, liq_derivatives)
+    call place_derivatives(arrays, at_vap_derivatives, vap_derivatives)
+    call solve(arrays, ok, saturation=co2_sat_t_batch)
   end subroutine
 
   subroutine co2_sat_p_state(pres_in, ierr, liq, vap, latent_heat, dpdt_sat, &
@@ -1766,95 +2308,40 @@ contains
 
   subroutine co2_sat_p_states(pres_in, ierr, liq, vap, latent_heat, dpdt_sat, &
       liq_derivatives, vap_derivatives, ok)
-    real(c_double), intent(in), target :: pres_in(:)
+    real(c_double), intent(in), target :: pres_in(..)
     integer(c_int32_t), intent(out), target :: ierr(:)
     type(co2_state), intent(out), optional, target :: liq(:), vap(:)
     real(c_double), intent(out), optional, target :: latent_heat(:), dpdt_sat(:)
     type(co2_derivatives), intent(inout), optional, target :: liq_derivatives(:), &
       vap_derivatives(:)
     logical, intent(out), optional :: ok
-    type(saturation_outputs) :: out
-    type(strided), target :: of_liq(derivative_count), of_vap(derivative_count)
-    integer(c_size_t) :: count
-    logical :: agree
-    count = size(pres_in, kind=c_size_t)
-    agree = size(ierr, kind=c_size_t) == count
-    call collect_phase(out%liq, agree, count, liq)
-    call collect_phase(out%vap, agree, count, vap)
-    call collect_values(out%latent_heat, agree, count, latent_heat)
-    call collect_values(out%dpdt_sat, agree, count, dpdt_sat)
-    call collect_derivatives(of_liq, agree, count, liq_derivatives)
-    call collect_derivatives(of_vap, agree, count, vap_derivatives)
-    if (present(liq_derivatives)) out%liq_derivatives = c_loc(of_liq)
-    if (present(vap_derivatives)) out%vap_derivatives = c_loc(of_vap)
-    if (.not. agrees(agree, ok)) return
-    call co2_sat_p_batch(count, inputs(pres_in), codes(ierr), out)
+    type(fields) :: arrays
+    call place_codes(arrays, ierr)
+    call place(arrays, at_first, pres_in)
+    call place_phase(arrays, at_liq, liq)
+    call place_phase(arrays, at_vap, vap)
+    call place(arrays, at_line, latent_heat)
+    call place(arrays, at_line + 1, dpdt_sat)
+    call place_derivatives(arrays, at_liq_derivatives, liq_derivatives)
+    call place_derivatives(arrays, at_vap_derivatives, vap_derivatives)
+    call solve(arrays, ok, saturation=co2_sat_p_batch)
   end subroutine
 
-  !> A phase of states of saturation as C takes it; agree becomes false if the size is not count.
-  subroutine collect_phase(slots, agree, count, states)
-    type(strided), intent(inout) :: slots(output_count)
-    logical, intent(inout) :: agree
-    integer(c_size_t), intent(in) :: count
-    type(co2_state), intent(inout), optional, target :: states(:)
-    integer(c_ptrdiff_t) :: stride
-    if (.not. present(states)) return
-    agree = agree .and. size(states, kind=c_size_t) == count
-    if (size(states) == 0) return
-    stride = output_count
-    if (size(states) > 1) stride = apart(c_loc(states(1)), c_loc(states(2)), 8)
-    slots = members(c_loc(states(1)), output_count, int(stride))
-  end subroutine
-
-  !> The same of the derivatives.
-  subroutine collect_derivatives(slots, agree, count, derivatives)
-    type(strided), intent(inout) :: slots(derivative_count)
-    logical, intent(inout) :: agree
-    integer(c_size_t), intent(in) :: count
-    type(co2_derivatives), intent(inout), optional, target :: derivatives(:)
-    integer(c_ptrdiff_t) :: stride
-    if (.not. present(derivatives)) return
-    agree = agree .and. size(derivatives, kind=c_size_t) == count
-    if (size(derivatives) == 0) return
-    stride = derivative_count
-    if (size(derivatives) > 1) stride = apart(c_loc(derivatives(1)), c_loc(derivatives(2)), 8)
-    slots = members(c_loc(derivatives(1)), derivative_count, int(stride))
-  end subroutine
-
-  subroutine collect_values(slot, agree, count, values)
-    type(strided), intent(inout) :: slot
-    logical, intent(inout) :: agree
-    integer(c_size_t), intent(in) :: count
-    real(c_double), intent(inout), optional, target :: values(:)
-    if (.not. present(values)) return
-    agree = agree .and. size(values, kind=c_size_t) == count
-    if (size(values, kind=c_size_t) > 0) slot = inputs(values)
-  end subroutine
-
-  !> The reals that follow each other in the first of some records, and how far apart records are.
-  function members(first, count, stride)
-    type(c_ptr), intent(in) :: first
-    integer, intent(in) :: count, stride
-    type(strided) :: members(count)
-    integer :: k
-    do k = 1, count
-      members(k) = strided(behind(first, k - 1), int(stride, c_ptrdiff_t))
-    end do
-  end function
+  !> The reals that follow each other from the first on.
   function slots_of(first, count)
     type(c_ptr), intent(in) :: first
     integer, intent(in) :: count
     type(c_ptr) :: slots_of(count)
     integer :: k
     do k = 1, count
-      slots_of(k) = behind(first, k - 1)
+      slots_of(k) = behind(first, 8_c_ptrdiff_t*(k - 1))
     end do
   end function
-  function behind(first, count)
+  elemental function behind(first, bytes)
     type(c_ptr), intent(in) :: first
-    integer, intent(in) :: count
+    integer(c_ptrdiff_t), intent(in) :: bytes
     type(c_ptr) :: behind
-    behind = transfer(transfer(first, 0_c_intptr_t) + 8_c_intptr_t*count, behind)
+    behind = transfer(transfer(first, 0_c_intptr_t) + bytes, behind)
   end function
 
   !> The outputs of one state, as C takes them.
@@ -1889,80 +2376,245 @@ contains
     ! outputs: end
   end subroutine
 
-  !> The outputs of a batch as C takes them; agree becomes false if the size of one is not count.
-  subroutine collect(out, agree, count, &
+  !> The arrays of a pair of inputs.
+  subroutine collect(arrays, first_in, second_in, ierr, &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt)
-    type(batch_outputs), intent(out) :: out
-    logical, intent(inout) :: agree
-    integer(c_size_t), intent(in) :: count
-    real(c_double), intent(inout), optional, target, dimension(:) :: &
+    type(fields), intent(inout) :: arrays
+    real(c_double), intent(in), target :: first_in(..), second_in(..)
+    integer(c_int32_t), intent(in), target :: ierr(..)
+    real(c_double), intent(in), optional, target, dimension(..) :: &
       temp, pres, dens, svol, qual, inte, enth, entr, cv, cp, &
       ssnd, visc, cond, dpdd, dpdt, dhdd, dhdt, dsdd, dsdt
+    call place_codes(arrays, ierr)
+    call place(arrays, at_first, first_in)
+    call place(arrays, at_second, second_in)
     ! outputs: begin, written by scripts/generate_outputs
-    call put(out%temp, temp)
-    call put(out%pres, pres)
-    call put(out%dens, dens)
-    call put(out%svol, svol)
-    call put(out%qual, qual)
-    call put(out%inte, inte)
-    call put(out%enth, enth)
-    call put(out%entr, entr)
-    call put(out%cv, cv)
-    call put(out%cp, cp)
-    call put(out%ssnd, ssnd)
-    call put(out%visc, visc)
-    call put(out%cond, cond)
-    call put(out%dpdd, dpdd)
-    call put(out%dpdt, dpdt)
-    call put(out%dhdd, dhdd)
-    call put(out%dhdt, dhdt)
-    call put(out%dsdd, dsdd)
-    call put(out%dsdt, dsdt)
+    call place(arrays, 4, temp)
+    call place(arrays, 5, pres)
+    call place(arrays, 6, dens)
+    call place(arrays, 7, svol)
+    call place(arrays, 8, qual)
+    call place(arrays, 9, inte)
+    call place(arrays, 10, enth)
+    call place(arrays, 11, entr)
+    call place(arrays, 12, cv)
+    call place(arrays, 13, cp)
+    call place(arrays, 14, ssnd)
+    call place(arrays, 15, visc)
+    call place(arrays, 16, cond)
+    call place(arrays, 17, dpdd)
+    call place(arrays, 18, dpdt)
+    call place(arrays, 19, dhdd)
+    call place(arrays, 20, dhdt)
+    call place(arrays, 21, dsdd)
+    call place(arrays, 22, dsdt)
     ! outputs: end
-  contains
-    subroutine put(slot, values)
-      type(strided), intent(inout) :: slot
-      real(c_double), intent(inout), optional, target :: values(:)
-      call collect_values(slot, agree, count, values)
-    end subroutine
   end subroutine
 
-  !> Whether a batch can run; stops the program if not and nobody is there to be told.
-  function agrees(agree, ok)
-    logical, intent(in) :: agree
-    logical, intent(out), optional :: ok
-    logical :: agrees
-    agrees = agree
-    if (present(ok)) then
-      ok = agree
-    else if (.not. agree) then
-      error stop "co2_properties: arrays of different sizes"
+  !> The codes, which have the shape that all others have to have.
+  subroutine place_codes(arrays, codes)
+    type(fields), intent(inout) :: arrays
+    integer(c_int32_t), intent(in), target :: codes(..)
+    integer :: l(3), n(3)
+    arrays%extent(:rank(codes)) = shape(codes, kind=c_size_t)
+    arrays%rank = rank(codes)
+    if (.not. fits(arrays, shape(codes, kind=c_size_t))) return
+    select rank (codes)
+    rank (1)
+      l(:1) = lbound(codes)
+      n = next_to(l(:1), arrays)
+      call lay(arrays, at_codes, c_loc(codes(l(1))), [c_loc(codes(n(1)))])
+    rank (2)
+      l(:2) = lbound(codes)
+      n = next_to(l(:2), arrays)
+      call lay(arrays, at_codes, c_loc(codes(l(1), l(2))), [c_loc(codes(n(1), l(2))), &
+        c_loc(codes(l(1), n(2)))])
+    rank (3)
+      l(:3) = lbound(codes)
+      n = next_to(l(:3), arrays)
+      call lay(arrays, at_codes, c_loc(codes(l(1), l(2), l(3))), [c_loc(codes(n(1), l(2), l(3))), &
+        c_loc(codes(l(1), n(2), l(3))), c_loc(codes(l(1), l(2), n(3)))])
+    end select
+  end subroutine
+
+  !> An array of the same shape or, of inputs, a scalar.
+  subroutine place(arrays, at, values)
+    type(fields), intent(inout) :: arrays
+    integer, intent(in) :: at
+    real(c_double), intent(in), optional, target :: values(..)
+    integer :: l(3), n(3)
+    if (.not. present(values)) return
+    if (rank(values) > 0) then
+      if (.not. fits(arrays, shape(values, kind=c_size_t))) return
+    else if (at > at_second) then
+      arrays%agree = .false.
     end if
+    select rank (values)
+    rank (0)
+      arrays%first(at) = c_loc(values)
+    rank (1)
+      l(:1) = lbound(values)
+      n = next_to(l(:1), arrays)
+      call lay(arrays, at, c_loc(values(l(1))), [c_loc(values(n(1)))])
+    rank (2)
+      l(:2) = lbound(values)
+      n = next_to(l(:2), arrays)
+      call lay(arrays, at, c_loc(values(l(1), l(2))), [c_loc(values(n(1), l(2))), &
+        c_loc(values(l(1), n(2)))])
+    rank (3)
+      l(:3) = lbound(values)
+      n = next_to(l(:3), arrays)
+      call lay(arrays, at, c_loc(values(l(1), l(2), l(3))), [c_loc(values(n(1), l(2), l(3))), &
+        c_loc(values(l(1), n(2), l(3))), c_loc(values(l(1), l(2), n(3)))])
+    end select
+  end subroutine
+
+  ! Whole records: gfortran hands over a copy of their components.
+  subroutine place_derivatives(arrays, at, records)
+    type(fields), intent(inout) :: arrays
+    integer, intent(in) :: at
+    type(co2_derivatives), intent(in), optional, target :: records(..)
+    integer :: l(3), n(3)
+    if (.not. present(records)) return
+    if (.not. fits(arrays, shape(records, kind=c_size_t))) return
+    select rank (records)
+    rank (1)
+      l(:1) = lbound(records)
+      n = next_to(l(:1), arrays)
+      call lay(arrays, at, c_loc(records(l(1))), [c_loc(records(n(1)))], derivative_count)
+    rank (2)
+      l(:2) = lbound(records)
+      n = next_to(l(:2), arrays)
+      call lay(arrays, at, c_loc(records(l(1), l(2))), [c_loc(records(n(1), l(2))), &
+        c_loc(records(l(1), n(2)))], derivative_count)
+    rank (3)
+      l(:3) = lbound(records)
+      n = next_to(l(:3), arrays)
+      call lay(arrays, at, c_loc(records(l(1), l(2), l(3))), [c_loc(records(n(1), l(2), l(3))), &
+        c_loc(records(l(1), n(2), l(3))), c_loc(records(l(1), l(2), n(3)))], derivative_count)
+    end select
+  end subroutine
+  subroutine place_phase(arrays, at, records)
+    type(fields), intent(inout) :: arrays
+    integer, intent(in) :: at
+    type(co2_state), intent(in), optional, target :: records(:)
+    integer :: n(3)
+    if (.not. present(records)) return
+    if (.not. fits(arrays, shape(records, kind=c_size_t))) return
+    n = next_to([1], arrays)
+    call lay(arrays, at, c_loc(records(1)), [c_loc(records(n(1)))], output_count)
+  end subroutine
+
+  !> Whether an array has the shape of the codes, and elements.
+  logical function fits(arrays, extent)
+    type(fields), intent(inout) :: arrays
+    integer(c_size_t), intent(in) :: extent(:)
+    if (size(extent) /= arrays%rank) then
+      arrays%agree = .false.
+    else if (any(extent /= arrays%extent(:arrays%rank))) then
+      arrays%agree = .false.
+    end if
+    fits = arrays%agree .and. all(arrays%extent > 0)
   end function
 
-  ! Where an array begins and by how many elements of their kind its values are apart.
-  function inputs(values)
-    real(c_double), intent(in), target :: values(:)
-    type(strided) :: inputs
-    if (size(values, kind=c_size_t) > 0) inputs%first = c_loc(values(1))
-    if (size(values, kind=c_size_t) > 1) inputs%stride = apart(c_loc(values(1)), c_loc(values(2)), 8)
+  !> The second index of each dimension that has one. The first is 1 by the standard, but where the
+  !> rank has been selected gfortran counts from 0 in an array that it made for an expression.
+  function next_to(l, arrays)
+    integer, intent(in) :: l(:)
+    type(fields), intent(in) :: arrays
+    integer :: next_to(3)
+    next_to = 1
+    next_to(:size(l)) = l + int(min(1_c_size_t, arrays%extent(:size(l)) - 1))
   end function
-  function codes(values)
-    integer(c_int32_t), intent(in), target :: values(:)
-    type(strided) :: codes
-    if (size(values, kind=c_size_t) > 0) codes%first = c_loc(values(1))
-    if (size(values, kind=c_size_t) > 1) codes%stride = apart(c_loc(values(1)), c_loc(values(2)), 4)
-  end function
-  function apart(first, second, bytes)
-    type(c_ptr), intent(in) :: first, second
-    integer, intent(in) :: bytes
-    integer(c_ptrdiff_t) :: apart
-    apart = transfer(second, apart) - transfer(first, apart)
-    if (modulo(apart, int(bytes, c_ptrdiff_t)) /= 0) then
-      error stop "co2_properties: the elements of an array are not apart by multiples of their size"
+
+  !> The first element and the next one along each dimension, of records of so many reals.
+  subroutine lay(arrays, at, first, next, members)
+    type(fields), intent(inout) :: arrays
+    integer, intent(in) :: at
+    type(c_ptr), intent(in) :: first, next(:)
+    integer, intent(in), optional :: members
+    integer :: k, last
+    last = at
+    if (present(members)) last = at + members - 1
+    arrays%first(at:last) = slots_of(first, last - at + 1)
+    do k = 1, size(next)
+      arrays%apart(k, at:last) = transfer(next(k), 0_c_ptrdiff_t) - transfer(first, 0_c_ptrdiff_t)
+    end do
+  end subroutine
+
+  !> Runs an entry over all states, in one call if every array is evenly spaced, else row by row. Stops
+  !> the program if the shapes disagree and nobody is there to be told.
+  subroutine solve(arrays, ok, without, with_derivatives, saturation)
+    type(fields), intent(inout) :: arrays
+    logical, intent(out), optional :: ok
+    procedure(batch), optional :: without
+    procedure(batch_derivatives), optional :: with_derivatives
+    procedure(saturation_batch), optional :: saturation
+    integer(c_ptrdiff_t) :: bytes(field_count)
+    type(strided), target :: row(field_count)
+    type(saturation_outputs) :: of_saturation
+    integer(c_size_t) :: j, k
+    integer :: i
+    if (present(ok)) then
+      ok = arrays%agree
+    else if (.not. arrays%agree) then
+      error stop "co2_properties: arrays of different shapes"
     end if
-    apart = apart / bytes
-  end function
+    if (.not. arrays%agree .or. any(arrays%extent == 0)) return
+    bytes = 8
+    bytes(at_codes) = 4
+    do i = 1, field_count
+      if (any(modulo(arrays%apart(:, i), bytes(i)) /= 0)) then
+        error stop "co2_properties: the elements of an array are not apart by multiples of their size"
+      end if
+    end do
+    call join_dimensions(arrays)
+    do k = 0, arrays%extent(3) - 1
+      do j = 0, arrays%extent(2) - 1
+        do i = 1, field_count
+          row(i) = strided(behind(arrays%first(i), j*arrays%apart(2, i) + k*arrays%apart(3, i)), &
+            arrays%apart(1, i)/bytes(i))
+        end do
+        if (present(without)) then
+          call without(arrays%extent(1), row(at_first), row(at_second), row(at_codes), row(at_outputs:))
+        else if (present(with_derivatives)) then
+          call with_derivatives(arrays%extent(1), row(at_first), row(at_second), row(at_codes), &
+            row(at_outputs:), row(at_derivatives:))
+        else
+          of_saturation%of_phases_and_line = row(at_liq:at_line + 1)
+          if (c_associated(arrays%first(at_liq_derivatives))) &
+            of_saturation%liq_derivatives = c_loc(row(at_liq_derivatives))
+          if (c_associated(arrays%first(at_vap_derivatives))) &
+            of_saturation%vap_derivatives = c_loc(row(at_vap_derivatives))
+          call saturation(arrays%extent(1), row(at_first), row(at_codes), of_saturation)
+        end if
+      end do
+    end do
+  end subroutine
+
+  !> Takes two dimensions for one where the next row follows in the same steps in every array.
+  subroutine join_dimensions(arrays)
+    type(fields), intent(inout) :: arrays
+    integer :: k, n
+    n = 1
+    do k = 2, 3
+      if (arrays%extent(k) == 1) cycle
+      if (arrays%extent(n) == 1) then
+        arrays%apart(n, :) = arrays%apart(k, :)
+      else if (.not. follows()) then
+        n = n + 1
+        arrays%apart(n, :) = arrays%apart(k, :)
+        arrays%extent([n, k]) = arrays%extent([k, n])
+        cycle
+      end if
+      arrays%extent(n) = arrays%extent(n)*arrays%extent(k)
+      arrays%extent(k) = 1
+    end do
+  contains
+    logical function follows()
+      follows = count(arrays%apart(k, :) /= arrays%extent(n)*arrays%apart(n, :)) == 0
+    end function
+  end subroutine
 
 end module co2_properties
