@@ -70,6 +70,10 @@ if(TARGET co2)
   install(TARGETS co2 RUNTIME COMPONENT tools)
   co2_gzip(${PROJECT_SOURCE_DIR}/tools/co2/co2.1 page)
   install(FILES ${page} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT tools)
+  install(FILES ${PROJECT_SOURCE_DIR}/tools/co2/completion.bash RENAME co2
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions COMPONENT tools)
+  install(FILES ${PROJECT_SOURCE_DIR}/tools/co2/completion.zsh RENAME _co2
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions COMPONENT tools)
 endif()
 
 if(UNIX AND NOT APPLE)

@@ -7,8 +7,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <charconv>
-#include <cmath>
 #include <cstring>
 #include <stdexcept>
 
@@ -22,29 +20,41 @@ namespace {
   return text.substr(first, text.find_last_not_of(blanks) - first + 1);
 }
 
-/// Index of the comma that ends the field which begins at `start`, or the size of the line.
-[[nodiscard]] std::size_t field_end(const std::string_view line, const std::size_t start) noexcept {
-  const std::size_t first = line.find_first_not_of(" \t", start);
-  if (first == std::string_view::npos || line[first] != '"') {
-    return std::min(line.find(',', start), line.size());
-  }
+/// Index of the character that ends the field which begins at `start`: the delimiter, with
+/// `or_line` a line end too, or the size of the text if there is none.
+[[nodiscard]] std::size_t field_end(const std::string_view text, const std::size_t start,
+                                    const char delimiter, const bool or_line) noexcept {
+  std::size_t i = start;
+  while (i < text.size() && (text[i] == ' ' || text[i] == '\t') && text[i] != delimiter) ++i;
+  const bool has_quotes = i < text.size() && text[i] == '"';
   bool quoted = false;  // a doubled quote inside leaves and enters again
-  for (std::size_t i = first; i < line.size(); ++i) {
-    if (line[i] == '"') quoted = !quoted;
-    if (line[i] == ',' && !quoted) return i;
+  for (; i < text.size(); ++i) {
+    if (has_quotes && text[i] == '"') quoted = !quoted;
+    if (!quoted && (text[i] == delimiter || (or_line && text[i] == '\n'))) break;
   }
-  return line.size();
+  return i;
+}
+
+/// Index of the line end of the first record, or the size of the text if it is not there.
+[[nodiscard]] std::size_t record_end(const std::string_view text, const char delimiter) noexcept {
+  const std::size_t line_end = std::min(text.find('\n'), text.size());
+  const std::string_view line = text.substr(0, line_end);
+  if (line.find('"') == std::string_view::npos || is_comment(line)) return line_end;
+  std::size_t end = 0;
+  while ((end = field_end(text, end, delimiter, true)) < text.size() && text[end] != '\n') ++end;
+  return end;
 }
 
 }  // namespace
 
-void split_fields(const std::string_view line, std::vector<std::string_view>& fields) {
+void split_fields(const std::string_view record, const char delimiter,
+                  std::vector<std::string_view>& fields) {
   fields.clear();
   std::size_t start = 0;
   while (true) {
-    const std::size_t end = field_end(line, start);
-    fields.push_back(line.substr(start, end - start));
-    if (end == line.size()) return;
+    const std::size_t end = field_end(record, start, delimiter, false);
+    fields.push_back(record.substr(start, end - start));
+    if (end == record.size()) return;
     start = end + 1;
   }
 }
@@ -55,15 +65,9 @@ std::string_view field_text(const std::string_view field) noexcept {
   return quoted ? trimmed(text.substr(1, text.size() - 2)) : text;
 }
 
-std::optional<double> parse_number(const std::string_view text) noexcept {
-  // from_chars takes no plus sign.
-  const bool plus = text.size() > 1 && text[0] == '+' && text[1] != '-';
-  const char* const first = text.data() + (plus ? 1 : 0);
-  const char* const last = text.data() + text.size();
-  double value = 0.0;
-  const auto [end, error] = std::from_chars(first, last, value);
-  if (error != std::errc{} || end != last || !std::isfinite(value)) return std::nullopt;
-  return value;
+bool is_unclosed(const std::string_view field) noexcept {
+  const std::string_view text = trimmed(field);
+  return !text.empty() && text.front() == '"' && std::count(text.begin(), text.end(), '"') % 2 != 0;
 }
 
 bool is_comment(const std::string_view line) noexcept {
@@ -71,17 +75,30 @@ bool is_comment(const std::string_view line) noexcept {
   return first == std::string_view::npos || line[first] == '#';
 }
 
-std::string_view take_line(std::string_view& text) noexcept {
-  const std::size_t end = std::min(text.find('\n'), text.size());
-  std::string_view line = text.substr(0, end);
-  text.remove_prefix(std::min(end + 1, text.size()));
-  if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
-  return line;
+std::size_t whole_records(const std::string_view text, const char delimiter) noexcept {
+  if (text.find('"') == std::string_view::npos) return text.rfind('\n') + 1;
+  std::size_t whole = 0;
+  while (whole < text.size()) {
+    const std::size_t end = record_end(text.substr(whole), delimiter);
+    if (whole + end == text.size()) break;
+    whole += end + 1;
+  }
+  return whole;
 }
 
-BlockReader::BlockReader(const std::string& path, const std::size_t block_size)
+std::string_view take_record(std::string_view& text, const char delimiter) noexcept {
+  const std::size_t end = record_end(text, delimiter);
+  std::string_view record = text.substr(0, end);
+  text.remove_prefix(std::min(end + 1, text.size()));
+  if (!record.empty() && record.back() == '\r') record.remove_suffix(1);
+  return record;
+}
+
+BlockReader::BlockReader(const std::string& path, const std::size_t block_size,
+                         const char delimiter)
     : name_(path == "-" ? "standard input" : path),
       descriptor_(path == "-" ? STDIN_FILENO : ::open(path.c_str(), O_RDONLY | O_CLOEXEC)),
+      delimiter_(delimiter),
       buffer_(block_size + longest_line) {
   if (descriptor_ < 0) {
     throw std::runtime_error(fmt::format("cannot open {}: {}", name_, std::strerror(errno)));
@@ -103,16 +120,14 @@ std::string_view BlockReader::next() {
   returned_ = 0;
   while (returned_ == 0) {
     if (filled_ > longest_line) {
-      throw std::runtime_error(fmt::format("{}: line of more than {} bytes", name_, longest_line));
+      throw std::runtime_error(
+          fmt::format("{}: line or quoted field of more than {} bytes", name_, longest_line));
     }
-    const std::size_t start = filled_;
     if (!fill()) {
       returned_ = filled_;
       break;
     }
-    const std::string_view added(buffer_.data() + start, filled_ - start);
-    const std::size_t line_end = added.rfind('\n');
-    if (line_end != std::string_view::npos) returned_ = start + line_end + 1;
+    returned_ = whole_records({buffer_.data(), filled_}, delimiter_);
   }
   return {buffer_.data(), returned_};
 }
