@@ -30,6 +30,8 @@ install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs DESTINATION ${CMAKE_INSTALL_DOCDIR}
   FILES_MATCHING PATTERN *.md PATTERN *.png)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples/brayton
   DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples/hosts
+  DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples USE_SOURCE_PERMISSIONS)
 
 set(co2_config_dir ${CMAKE_INSTALL_LIBDIR}/cmake/co2_properties)
 install(TARGETS co2_properties EXPORT co2_properties
